@@ -1,0 +1,78 @@
+#pragma once
+
+#include <jni.h>
+
+#include <cstddef>
+#include <exception>
+
+#include "bridge/handleException.h"
+#include "bridge/pendingJavaException.h"
+
+// The frames around the bodies of the native methods. No C++ exception leaves them: each reaches Java as a
+// Java exception, and the native method returns its failure value.
+
+/// Turns the exception that is being handled into its Java counterpart. If that fails too (the trace log
+/// throws, memory runs out), Java still receives an exception, of the general kind if need be.
+template <typename... Exception>
+void translate(JNIEnv* env, const Exception&... exception) noexcept {
+    try {
+        handleException(env, exception...);
+    } catch (const PendingJavaException&) {
+        // The JVM's own exception is on its way to the caller already.
+    } catch (...) {
+        env->ExceptionClear();
+        throwTalvernException(env, "Unknown native exception");
+    }
+}
+
+/// The frame of most native methods: runs `body` and returns its result.
+template <typename Result, typename Body>
+Result entryPoint(JNIEnv* env, Result failureValue, Body body) noexcept {
+    try {
+        return body();
+    } catch (const PendingJavaException&) {
+        // The JVM's own exception is on its way to the caller already.
+    } catch (const std::exception& exception) {
+        translate(env, exception);
+    } catch (...) {
+        translate(env);
+    }
+    return failureValue;
+}
+
+/// The same for native methods that return nothing.
+template <typename Body>
+void entryPoint(JNIEnv* env, Body body) noexcept {
+    entryPoint(env, nullptr, [&]() -> std::nullptr_t {
+        body();
+        return nullptr;
+    });
+}
+
+/// The frame of a native method that lets the configuration service check a value: a ValidationException
+/// reaches Java as such.
+template <typename Result, typename Body>
+Result validatingEntryPoint(JNIEnv* env, Result failureValue, Body body) noexcept {
+    return entryPoint(env, failureValue, [&]() -> Result {
+        try {
+            return body();
+        } catch (const talvern::config::messaging::ValidationException& exception) {
+            translate(env, exception);
+        }
+        return failureValue;
+    });
+}
+
+/// The frame of a native method that changes the configuration: a ConfigChangeException reaches Java as
+/// such, too.
+template <typename Result, typename Body>
+Result changingEntryPoint(JNIEnv* env, Result failureValue, Body body) noexcept {
+    return validatingEntryPoint(env, failureValue, [&]() -> Result {
+        try {
+            return body();
+        } catch (const talvern::config::messaging::ConfigChangeException& exception) {
+            translate(env, exception);
+        }
+        return failureValue;
+    });
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <jni.h>
+
+#include <exception>
+
+#include "platform/messaging.h"
+
+// Each overload writes a trace line, discards the Java exception that is pending, if any, and throws the Java
+// exception that stands for the native one. True: it is pending now. False: its class was not found, and the
+// JVM's error is pending instead.
+// What the trace log throws comes out of them, as does PendingJavaException when the JVM could not make the
+// Java exception; the frame of the native methods keeps both in.
+
+/// For an exception of unknown type: a TalvernException.
+JNIEXPORT bool handleException(JNIEnv* env);
+
+/// A TalvernException with the text of `what()`.
+JNIEXPORT bool handleException(JNIEnv* env, const std::exception& exception);
+
+/// A Java ValidationException with the same two texts.
+JNIEXPORT bool handleException(JNIEnv* env, const talvern::config::messaging::ValidationException& exception);
+
+/// A Java ConfigChangeException with the same code, text and list.
+JNIEXPORT bool
+handleException(JNIEnv* env, const talvern::config::messaging::ConfigChangeException& exception);
+
+/// Throws a TalvernException with this message, and nothing else: no trace line, nothing discarded before.
+/// False: the class was not found, and the JVM's error is pending.
+bool throwTalvernException(JNIEnv* env, const char* message);

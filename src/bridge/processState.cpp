@@ -1,0 +1,5 @@
+#include "bridge/processState.h"
+
+JavaVM* g_vm = nullptr;
+jobject sJCallback = nullptr;
+FwUpgradeProgressCallback* sFwCallback = nullptr;

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <jni.h>
+
+#include <utility>
+#include <vector>
+
+/// The UTF characters that one native method has taken from Java strings.
+/// Gives each buffer back exactly once, in the order taken: on `release`, or else when it goes out of scope.
+class UtfStrings {
+  public:
+    explicit UtfStrings(JNIEnv* env) : env_{env} {}
+    ~UtfStrings() { release(); }
+
+    UtfStrings(const UtfStrings&) = delete;
+    UtfStrings& operator=(const UtfStrings&) = delete;
+    UtfStrings(UtfStrings&&) = delete;
+    UtfStrings& operator=(UtfStrings&&) = delete;
+
+    /// The NUL-terminated modified UTF-8 of `string`, valid until the release.
+    /// @throws std::invalid_argument  `string` is null
+    /// @throws PendingJavaException   the JVM has no memory for the characters
+    const char* take(jstring string);
+
+    /// Gives everything taken so far back.
+    void release() noexcept;
+
+  private:
+    JNIEnv* env_;
+    std::vector<std::pair<jstring, const char*>> taken_;
+};

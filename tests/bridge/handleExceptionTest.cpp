@@ -1,0 +1,92 @@
+// The translation of native exceptions, through the exported functions of the bridge.
+#include <dlfcn.h>
+
+#include "bridge/handleException.h"
+#include "mocks/log.h"
+#include "support/bridgeTest.h"
+
+using talvern::config::messaging::ConfigChangeException;
+using talvern::config::messaging::ValidationException;
+using testing::InSequence;
+
+namespace {
+
+class HandleExceptionTest : public BridgeTest {
+  protected:
+    /// Calls the overload of the bridge that takes these exceptions; `symbol` is its mangled name.
+    template <typename... Exception>
+    bool handle(const char* symbol, const Exception&... exception) {
+        static void* const bridge = dlopen(bridgeLibrary().c_str(), RTLD_NOW | RTLD_NOLOAD);
+        auto* function = reinterpret_cast<bool (*)(JNIEnv*, const Exception&...)>(dlsym(bridge, symbol));
+        return function(env, exception...);
+    }
+
+    static constexpr auto ofUnknown = "_Z15handleExceptionP7JNIEnv_";
+    static constexpr auto ofStandard = "_Z15handleExceptionP7JNIEnv_RKSt9exception";
+    static constexpr auto ofValidation =
+        "_Z15handleExceptionP7JNIEnv_RKN7talvern6config9messaging19ValidationExceptionE";
+    static constexpr auto ofConfigChange =
+        "_Z15handleExceptionP7JNIEnv_RKN7talvern6config9messaging21ConfigChangeExceptionE";
+};
+
+TEST_F(HandleExceptionTest, TracesAndThrowsTheTwoGeneralKinds) {
+    const InSequence inOrder;
+    EXPECT_CALL(mock<LogMock>(), line(3, "Unknown exception caught in libtalvern JNI"));
+    EXPECT_CALL(mock<LogMock>(), line(3, "Exception caught in libtalvern JNI: 100%s of %n"));
+
+    EXPECT_TRUE(handle(ofUnknown));
+    EXPECT_EQ(takeException(env), "com.kvo.talvern.TalvernException: Unknown native exception");
+    EXPECT_TRUE(handle(ofStandard, std::runtime_error{"100%s of %n"}));
+    EXPECT_EQ(takeException(env), "com.kvo.talvern.TalvernException: 100%s of %n");
+}
+
+TEST_F(HandleExceptionTest, GivesAValidationExceptionBothTextsAndTwoTraceLines) {
+    const InSequence inOrder;
+    EXPECT_CALL(mock<LogMock>(), line(3, "ValidationException caught in libtalvern JNI: validation failed"));
+    EXPECT_CALL(mock<LogMock>(), line(3, "Throwing Java ValidationException in libtalvern JNI\n"));
+
+    EXPECT_TRUE(handle(ofValidation, ValidationException{"mtu", "too large"}));
+    EXPECT_EQ(takeException(env), "com.kvo.talvern.config.ValidationException: mtu: too large");
+}
+
+TEST_F(HandleExceptionTest, GivesAConfigChangeExceptionItsListInOrder) {
+    EXPECT_CALL(mock<LogMock>(), line(3, "ConfigChangeException caught in libtalvern JNI: change failed"))
+        .Times(2);
+
+    for (const std::vector<std::string>& texts : {std::vector<std::string>{}, {"a", "", "b"}}) {
+        EXPECT_TRUE(handle(ofConfigChange, ConfigChangeException{7, "t", texts}));
+        jthrowable thrown = env->ExceptionOccurred();
+        EXPECT_EQ(takeException(env), "com.kvo.talvern.config.ConfigChangeException: t");
+        jclass javaClass = env->GetObjectClass(thrown);
+        EXPECT_EQ(env->CallIntMethod(thrown, env->GetMethodID(javaClass, "getCode", "()I")), 7);
+        jobject details =
+            env->CallObjectMethod(thrown, env->GetMethodID(javaClass, "getDetails", "()Ljava/util/List;"));
+        EXPECT_EQ(describe(details), texts.empty() ? "[]" : "[a, , b]");
+    }
+}
+
+TEST_F(HandleExceptionTest, DiscardsThePendingExceptionForTheTranslatedOne) {
+    env->ThrowNew(env->FindClass("java/lang/IllegalStateException"), "earlier");
+    EXPECT_TRUE(handle(ofStandard, std::runtime_error{"later"}));
+    EXPECT_EQ(takeException(env), "com.kvo.talvern.TalvernException: later");
+}
+
+TEST_F(HandleExceptionTest, LeavesTheLookupErrorWhereTheJavaClassIsMissing) {
+    const auto missing = [&](const char* className) {
+        table.restart();
+        table.hideClass(className);
+    };
+    missing("com/kvo/talvern/TalvernException");
+    EXPECT_FALSE(handle(ofStandard, std::runtime_error{"text"}));
+    EXPECT_EQ(takeException(env), "java.lang.NoClassDefFoundError: com/kvo/talvern/TalvernException");
+    missing("com/kvo/talvern/config/ValidationException");
+    EXPECT_FALSE(handle(ofValidation, ValidationException{"a", "b"}));
+    EXPECT_EQ(takeException(env),
+              "java.lang.NoClassDefFoundError: com/kvo/talvern/config/ValidationException");
+    missing("com/kvo/talvern/config/ConfigChangeException");
+    EXPECT_FALSE(handle(ofConfigChange, ConfigChangeException{1, "t", {}}));
+    EXPECT_EQ(takeException(env),
+              "java.lang.NoClassDefFoundError: com/kvo/talvern/config/ConfigChangeException");
+}
+
+}  // namespace

@@ -1,0 +1,23 @@
+#include <gmock/gmock.h>
+
+// What a JVM inside a sanitized process needs: its own use of SIGSEGV stays untouched, and what it keeps for
+// ever is no leak. Allocation stacks are kept to three frames, so that the suppression hides what the JVM
+// allocates but not what a native method does, although each of these is called by the JVM.
+extern "C" {
+const char* __asan_default_options();
+const char* __asan_default_options() { return "handle_segv=0:malloc_context_size=3"; }
+const char* __ubsan_default_options();
+const char* __ubsan_default_options() { return "print_stacktrace=1"; }
+const char* __lsan_default_options();
+const char* __lsan_default_options() { return "use_tls=0:print_suppressions=0"; }
+const char* __lsan_default_suppressions();
+const char* __lsan_default_suppressions() {
+    return "leak:libjvm.so\nleak:libjava.so\nleak:libzip.so\nleak:libjimage.so\nleak:libnio.so\nleak:libnet."
+           "so\nleak:ld-linux\nleak:libdl\n";
+}
+}
+
+int main(int argc, char** argv) {
+    testing::InitGoogleMock(&argc, argv);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,238 @@
+#include "support/jniTable.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <link.h>
+#include <string_view>
+
+namespace {
+
+thread_local JniTable* current = nullptr;
+const JNINativeInterface_* original = nullptr;
+
+struct Range {
+    std::uintptr_t begin, end;
+};
+
+/// Where the libraries lie whose calls are watched.
+const std::vector<Range>& watchedRanges() {
+    static std::vector<Range> ranges;
+    if (!ranges.empty()) return ranges;
+    dl_iterate_phdr(
+        [](dl_phdr_info* info, std::size_t, void*) {
+            const std::string_view file{info->dlpi_name};
+            if (!file.ends_with("/libtalvernjni.so") && !file.ends_with("/libplanted.so")) return 0;
+            for (int i = 0; i < info->dlpi_phnum; ++i) {
+                const auto& segment = info->dlpi_phdr[i];
+                const std::uintptr_t begin = info->dlpi_addr + segment.p_vaddr;
+                if (segment.p_type == PT_LOAD) ranges.push_back({begin, begin + segment.p_memsz});
+            }
+            return 0;
+        },
+        nullptr);
+    return ranges;
+}
+
+bool isWatched(const void* address) {
+    const auto at = reinterpret_cast<std::uintptr_t>(address);
+    const auto& ranges = watchedRanges();
+    return current != nullptr && std::any_of(ranges.begin(), ranges.end(), [&](const Range& range) {
+               return at >= range.begin && at < range.end;
+           });
+}
+
+void raise(JNIEnv* env, const char* className, const char* message) {
+    original->ExceptionClear(env);
+    original->ThrowNew(env, original->FindClass(env, className), message);
+}
+
+std::string nameOf(JNIEnv* env, jclass javaClass) {
+    if (javaClass == nullptr || original->ExceptionCheck(env) == JNI_TRUE) return "?";
+    jclass metaClass = original->GetObjectClass(env, javaClass);
+    jmethodID getName = original->GetMethodID(env, metaClass, "getName", "()Ljava/lang/String;");
+    auto* name = static_cast<jstring>(original->CallObjectMethodA(env, javaClass, getName, nullptr));
+    const char* chars = original->GetStringUTFChars(env, name, nullptr);
+    std::string text{chars};
+    original->ReleaseStringUTFChars(env, name, chars);
+    return text;
+}
+
+// What each call does when it is to fail. Those that are not listed here raise an OutOfMemoryError.
+void failFindClass(JNIEnv* env, const char* name) { raise(env, "java/lang/NoClassDefFoundError", name); }
+void failLookup(JNIEnv* env, const char* name) { raise(env, "java/lang/NoSuchMethodError", name); }
+
+template <auto Slot>
+struct Hook;
+
+/// One function of the table: passes the call on unless it is to fail.
+template <typename Result, typename... Arguments,
+          Result (JNICALL* JNINativeInterface_::*Slot)(JNIEnv*, Arguments...)>
+struct Hook<Slot> {
+    static inline const char* name = nullptr;
+
+    static Result JNICALL call(JNIEnv* env, Arguments... arguments) {
+        if (isWatched(__builtin_return_address(0)) && current->mustFail(name, {})) {
+            raise(env, "java/lang/OutOfMemoryError", "planted");
+            return Result();
+        }
+        return (original->*Slot)(env, arguments...);
+    }
+};
+
+/// A function that cannot fail.
+template <auto Slot>
+struct SafeHook;
+
+template <typename Result, typename... Arguments,
+          Result (JNICALL* JNINativeInterface_::*Slot)(JNIEnv*, Arguments...)>
+struct SafeHook<Slot> {
+    static inline const char* name = nullptr;
+
+    static Result JNICALL call(JNIEnv* env, Arguments... arguments) {
+        if (isWatched(__builtin_return_address(0))) current->mustFail(name, {});
+        return (original->*Slot)(env, arguments...);
+    }
+};
+
+jclass JNICALL hookedFindClass(JNIEnv* env, const char* name) {
+    if (isWatched(__builtin_return_address(0)) && current->mustFail("FindClass", name)) {
+        failFindClass(env, name);
+        return nullptr;
+    }
+    return original->FindClass(env, name);
+}
+
+template <auto Slot>
+jmethodID JNICALL hookedLookup(JNIEnv* env, jclass javaClass, const char* name, const char* signature) {
+    if (isWatched(__builtin_return_address(0))) {
+        const char* function =
+            Slot == &JNINativeInterface_::GetMethodID ? "GetMethodID" : "GetStaticMethodID";
+        if (current->mustFail(function, nameOf(env, javaClass) + "." + name + " " + signature)) {
+            failLookup(env, name);
+            return nullptr;
+        }
+    }
+    return (original->*Slot)(env, javaClass, name, signature);
+}
+
+const char* JNICALL hookedGetStringUTFChars(JNIEnv* env, jstring string, jboolean* isCopy) {
+    const bool watched = isWatched(__builtin_return_address(0));
+    if (watched && current->mustFail("GetStringUTFChars", {})) {
+        raise(env, "java/lang/OutOfMemoryError", "planted");
+        return nullptr;
+    }
+    const char* chars = original->GetStringUTFChars(env, string, isCopy);
+    if (watched && chars != nullptr) current->taken(chars);
+    return chars;
+}
+
+void JNICALL hookedReleaseStringUTFChars(JNIEnv* env, jstring string, const char* chars) {
+    const bool watched = isWatched(__builtin_return_address(0));
+    if (watched) current->mustFail("ReleaseStringUTFChars", {});
+    if (!watched || current->given(chars)) original->ReleaseStringUTFChars(env, string, chars);
+}
+
+/// The functions that the JVM cannot let fail: giving something back, asking, throwing.
+constexpr std::array safeFunctions{"ReleaseStringUTFChars", "ExceptionDescribe", "ExceptionClear",
+                                   "ExceptionCheck",        "ThrowNew",          "Throw",
+                                   "GetArrayLength",        "GetObjectClass",    "IsInstanceOf",
+                                   "DeleteGlobalRef",       "DeleteLocalRef",    "PopLocalFrame",
+                                   "ExceptionOccurred"};
+
+const JNINativeInterface_* hookedTable() {
+    static JNINativeInterface_ table = *original;
+#define HOOK(kind, function)                                 \
+    kind<& JNINativeInterface_::function>::name = #function; \
+    table.function = kind<&JNINativeInterface_::function>::call
+    HOOK(Hook, NewObjectA);
+    HOOK(Hook, CallObjectMethodA);
+    HOOK(Hook, CallBooleanMethodA);
+    HOOK(Hook, CallIntMethodA);
+    HOOK(Hook, CallStaticObjectMethodA);
+    HOOK(Hook, NewStringUTF);
+    HOOK(Hook, NewObjectArray);
+    HOOK(Hook, GetObjectArrayElement);
+    HOOK(Hook, CallVoidMethodA);
+    HOOK(Hook, SetObjectArrayElement);
+    HOOK(Hook, NewGlobalRef);
+    HOOK(Hook, PushLocalFrame);
+    HOOK(Hook, GetJavaVM);
+    HOOK(SafeHook, GetArrayLength);
+    HOOK(SafeHook, GetObjectClass);
+    HOOK(SafeHook, IsInstanceOf);
+    HOOK(SafeHook, ExceptionDescribe);
+    HOOK(SafeHook, ExceptionClear);
+    HOOK(SafeHook, ExceptionCheck);
+    HOOK(SafeHook, ThrowNew);
+    HOOK(SafeHook, Throw);
+    HOOK(SafeHook, DeleteGlobalRef);
+    HOOK(SafeHook, PopLocalFrame);
+#undef HOOK
+    table.FindClass = hookedFindClass;
+    table.GetMethodID = hookedLookup<&JNINativeInterface_::GetMethodID>;
+    table.GetStaticMethodID = hookedLookup<&JNINativeInterface_::GetStaticMethodID>;
+    table.GetStringUTFChars = hookedGetStringUTFChars;
+    table.ReleaseStringUTFChars = hookedReleaseStringUTFChars;
+    return &table;
+}
+
+}  // namespace
+
+JniTable* currentJniTable() { return current; }
+
+JniTable::JniTable(JNIEnv* env) : env_{env} {
+    if (original == nullptr) original = env->functions;
+    env->functions = hookedTable();
+    current = this;
+}
+
+JniTable::~JniTable() {
+    env_->functions = original;
+    current = nullptr;
+}
+
+void JniTable::restart() {
+    calls_.clear();
+    hiddenClass_.clear();
+    failingCall_ = static_cast<std::size_t>(-1);
+}
+
+void JniTable::platformCalled() {
+    for (Buffer& buffer : out_) buffer.wasHeldOverPlatformCall = true;
+}
+
+std::vector<std::string> JniTable::takeComplaints() {
+    if (!out_.empty())
+        complaints_.push_back(std::to_string(out_.size()) + " UTF buffers were not given back");
+    out_.clear();
+    return std::exchange(complaints_, {});
+}
+
+bool JniTable::mustFail(const char* function, std::string detail) {
+    const bool isHidden =
+        !hiddenClass_.empty() && std::strcmp(function, "FindClass") == 0 && detail == hiddenClass_;
+    calls_.push_back({function, std::move(detail)});
+    const bool canFail = std::find(safeFunctions.begin(), safeFunctions.end(), std::string_view{function}) ==
+                         safeFunctions.end();
+    return isHidden || (canFail && calls_.size() - 1 == failingCall_);
+}
+
+void JniTable::taken(const char* chars) { out_.push_back({chars, false}); }
+
+bool JniTable::given(const char* chars) {
+    const auto buffer =
+        std::find_if(out_.begin(), out_.end(), [&](const Buffer& b) { return b.chars == chars; });
+    if (buffer == out_.end()) {
+        complaints_.emplace_back("a UTF buffer was given back twice");
+        return false;
+    }
+    const bool isOldest =
+        std::none_of(out_.begin(), buffer, [](const Buffer& b) { return b.wasHeldOverPlatformCall; });
+    if (buffer->wasHeldOverPlatformCall && !isOldest) {
+        complaints_.emplace_back("UTF buffers were given back in another order than taken");
+    }
+    out_.erase(buffer);
+    return true;
+}

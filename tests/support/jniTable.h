@@ -1,0 +1,62 @@
+#pragma once
+
+#include <jni.h>
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+/// Stands between the bridge and the JVM on the current thread: sees each JNI call that the bridge makes,
+/// keeps account of the UTF buffers, and lets single calls fail. Calls of other code pass through unseen.
+class JniTable {
+  public:
+    struct Call {
+        const char* function;
+        std::string detail;  ///< what was looked up, as "class" or "class.member signature"
+    };
+
+    explicit JniTable(JNIEnv* env);
+    ~JniTable();
+    JniTable(const JniTable&) = delete;
+    JniTable& operator=(const JniTable&) = delete;
+
+    /// The calls since the last `restart`.
+    [[nodiscard]] const std::vector<Call>& calls() const { return calls_; }
+
+    /// Forgets the calls and the planned failures. Buffers that are still out stay on the account.
+    void restart();
+
+    /// FindClass finds no class of this name.
+    void hideClass(std::string name) { hiddenClass_ = std::move(name); }
+
+    /// The call with this index in `calls` fails as the JVM would, if such a call can.
+    void failCall(std::size_t index) { failingCall_ = index; }
+
+    /// Notes which buffers are out while the platform runs: these must come back in the order taken.
+    void platformCalled();
+
+    /// What is wrong with the buffers: not given back, given back twice, in another order than taken. Starts
+    /// a new account.
+    std::vector<std::string> takeComplaints();
+
+    // For the table's own functions.
+    bool mustFail(const char* function, std::string detail);
+    void taken(const char* chars);
+    bool given(const char* chars);
+
+  private:
+    struct Buffer {
+        const char* chars;
+        bool wasHeldOverPlatformCall;
+    };
+
+    JNIEnv* env_;
+    std::vector<Call> calls_;
+    std::vector<Buffer> out_;
+    std::vector<std::string> complaints_;
+    std::string hiddenClass_;
+    std::size_t failingCall_ = static_cast<std::size_t>(-1);
+};
+
+/// The table of the current thread, or null.
+JniTable* currentJniTable();

@@ -1,0 +1,98 @@
+#include "support/jvm.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+JavaVM* createJvm() {
+    char classPath[] = "-Djava.class.path=" TALVERN_API_JAR ":" TALVERN_TESTS_JAR;
+    char libraryPath[] = "-Dtalvern.library.path=" TALVERN_LIBRARY_FOLDER;
+    char planted[] = "-Dtalvern.planted.library=" TALVERN_PLANTED_LIBRARY;
+    char logFile[] = "-XX:LogFile=" TALVERN_JVM_LOG;
+    JavaVMOption options[] = {
+        {classPath, nullptr},
+        {libraryPath, nullptr},
+        {planted, nullptr},
+        {const_cast<char*>("-Xcheck:jni"), nullptr},
+        {const_cast<char*>("-Xmx2g"), nullptr},
+        // What -Xcheck:jni finds goes to a file: it would drown everything else.
+        {const_cast<char*>("-XX:+UnlockDiagnosticVMOptions"), nullptr},
+        {const_cast<char*>("-XX:-DisplayVMOutput"), nullptr},
+        {const_cast<char*>("-XX:+LogVMOutput"), nullptr},
+        {logFile, nullptr},
+    };
+    JavaVMInitArgs arguments{JNI_VERSION_1_8, std::size(options), options, JNI_FALSE};
+    JavaVM* vm = nullptr;
+    JNIEnv* env = nullptr;
+    if (JNI_CreateJavaVM(&vm, reinterpret_cast<void**>(&env), &arguments) != JNI_OK) {
+        std::fputs("no JVM\n", stderr);
+        std::abort();
+    }
+    return vm;
+}
+
+jobject callStatic(const char* className, const char* method, const char* signature, jobject argument) {
+    JNIEnv* env = javaEnv();
+    jclass javaClass = env->FindClass(className);
+    return env->CallStaticObjectMethod(javaClass, env->GetStaticMethodID(javaClass, method, signature),
+                                       argument);
+}
+
+std::string toText(JNIEnv* env, jstring string) {
+    if (string == nullptr) return "null";
+    const char* chars = env->GetStringUTFChars(string, nullptr);
+    std::string text{chars};
+    env->ReleaseStringUTFChars(string, chars);
+    return text;
+}
+
+}  // namespace
+
+JNIEnv* javaEnv() {
+    static JavaVM* const vm = createJvm();
+    JNIEnv* env = nullptr;
+    vm->AttachCurrentThreadAsDaemon(reinterpret_cast<void**>(&env), nullptr);
+    return env;
+}
+
+std::string apiJar() { return TALVERN_API_JAR; }
+
+std::string bridgeLibrary() { return TALVERN_LIBRARY_FOLDER "/libtalvernjni.so"; }
+
+std::string takeException(JNIEnv* env) {
+    jthrowable exception = env->ExceptionOccurred();
+    if (exception == nullptr) return {};
+    env->ExceptionClear();
+    jclass throwable = env->FindClass("java/lang/Throwable");
+    auto* message = static_cast<jstring>(
+        env->CallObjectMethod(exception, env->GetMethodID(throwable, "getMessage", "()Ljava/lang/String;")));
+    jclass javaClass = env->FindClass("java/lang/Class");
+    auto* name = static_cast<jstring>(env->CallObjectMethod(
+        env->GetObjectClass(exception), env->GetMethodID(javaClass, "getName", "()Ljava/lang/String;")));
+    return toText(env, name) + ": " + toText(env, message);
+}
+
+jstring javaString(std::string_view text) { return javaEnv()->NewStringUTF(std::string{text}.c_str()); }
+
+jobjectArray javaStrings(const std::vector<std::string>& texts) {
+    JNIEnv* env = javaEnv();
+    const auto length = static_cast<jsize>(texts.size());
+    jobjectArray array = env->NewObjectArray(length, env->FindClass("java/lang/String"), nullptr);
+    for (jsize i = 0; i < length; ++i) {
+        env->SetObjectArrayElement(array, i, javaString(texts[static_cast<std::size_t>(i)]));
+    }
+    return array;
+}
+
+std::string describe(jobject object) {
+    return toText(javaEnv(),
+                  static_cast<jstring>(callStatic("com/kvo/talvern/testing/Natives", "describe",
+                                                  "(Ljava/lang/Object;)Ljava/lang/String;", object)));
+}
+
+jobject javaConstant(const char* className, jint ordinal) {
+    const std::string signature = std::string{"()[L"} + className + ";";
+    auto* values = static_cast<jobjectArray>(callStatic(className, "values", signature.c_str(), nullptr));
+    return javaEnv()->GetObjectArrayElement(values, ordinal);
+}

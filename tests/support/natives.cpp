@@ -1,0 +1,216 @@
+#include "support/natives.h"
+
+#include <cstdlib>
+#include <dlfcn.h>
+#include <ffi.h>
+#include <iostream>
+#include <stdexcept>
+
+#include "bridge/signature.h"
+#include "support/jvm.h"
+
+namespace {
+
+/// The function of the loaded `library` that the JVM binds to the method; null if there is none.
+void (*boundFunction(const std::string& library, const NativeMethod& native))() {
+    std::string symbol = "Java_";
+    for (const char c : native.className + "/" + native.name) {
+        symbol += c == '/' ? "_" : c == '_' ? "_1" : std::string{c};
+    }
+    void* handle = dlopen(library.c_str(), RTLD_NOW | RTLD_NOLOAD);
+    return reinterpret_cast<void (*)()>(dlsym(handle, symbol.c_str()));
+}
+
+ffi_type* foreignType(char kind) {
+    switch (kind) {
+        case 'V':
+            return &ffi_type_void;
+        case 'Z':
+            return &ffi_type_uint8;
+        case 'I':
+            return &ffi_type_sint32;
+        case 'J':
+            return &ffi_type_sint64;
+        default:
+            return &ffi_type_pointer;
+    }
+}
+
+/// Calls the function with the types that the Java signature gives it.
+jvalue callFunction(const NativeMethod& native, jobject receiver, std::vector<jvalue> arguments) {
+    JNIEnv* env = javaEnv();
+    std::vector<ffi_type*> types{&ffi_type_pointer, &ffi_type_pointer};
+    std::vector<void*> values{static_cast<void*>(&env), static_cast<void*>(&receiver)};
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        types.push_back(foreignType(parameterType(native.signature, i).front()));
+        values.push_back(&arguments[i]);
+    }
+    ffi_cif interface {};
+    ffi_prep_cif(&interface, FFI_DEFAULT_ABI, static_cast<unsigned>(types.size()),
+                 foreignType(resultType(native.signature).front()), types.data());
+    union {
+        ffi_arg narrow;  // libffi widens results to this
+        jvalue value;
+    } result{};
+    ffi_call(&interface, native.function, &result, values.data());
+    return result.value;
+}
+
+/// The native methods of the classes in `folder`, which bind to the functions of `library`.
+std::vector<NativeMethod> list(const std::string& jar, const char* folder, const std::string& library) {
+    JNIEnv* env = javaEnv();
+    jclass natives = env->FindClass("com/kvo/talvern/testing/Natives");
+    jmethodID method =
+        env->GetStaticMethodID(natives, "list", "(Ljava/lang/String;Ljava/lang/String;)[Ljava/lang/String;");
+    auto* texts = static_cast<jobjectArray>(
+        env->CallStaticObjectMethod(natives, method, javaString(jar), javaString(folder)));
+    if (const std::string exception = takeException(env); !exception.empty()) {
+        std::cerr << "the native methods can't be listed: " << exception << '\n';
+        std::exit(1);
+    }
+    std::vector<NativeMethod> methods;
+    const auto text = [&](jsize i) { return describe(env->GetObjectArrayElement(texts, i)); };
+    for (jsize i = 0; i < env->GetArrayLength(texts); i += 3) {
+        NativeMethod native{text(i), text(i + 1), text(i + 2), nullptr, nullptr};
+        native.javaClass = static_cast<jclass>(env->NewGlobalRef(env->FindClass(native.className.c_str())));
+        native.function = boundFunction(library, native);
+        methods.push_back(native);
+    }
+    return methods;
+}
+
+jobject construct(const char* className) {
+    JNIEnv* env = javaEnv();
+    jclass javaClass = env->FindClass(className);
+    return env->NewObject(javaClass, env->GetMethodID(javaClass, "<init>", "()V"));
+}
+
+/// An object of the class that a signature names as "Lname;".
+jobject plausibleObject(const std::string& type) {
+    JNIEnv* env = javaEnv();
+    if (type == "Ljava/lang/String;") return javaString("text");
+    if (type == "[Ljava/lang/String;") return javaStrings({"first", "second"});
+    if (type.front() == '[') {
+        return env->NewObjectArray(5, env->FindClass(type.substr(2, type.size() - 3).c_str()), nullptr);
+    }
+    const std::string name = type.substr(1, type.size() - 2);
+    if (name == "com/kvo/talvern/config/Value") {
+        jclass javaClass = env->FindClass("com/kvo/talvern/config/SimpleValue");
+        return env->NewObject(javaClass, env->GetMethodID(javaClass, "<init>", "(Ljava/lang/String;Z)V"),
+                              javaString("text"), JNI_TRUE);
+    }
+    if (name == "com/kvo/talvern/firmwaremanager/FirmwareManagerUtils$UpgradeCallback") {
+        return construct("com/kvo/talvern/testing/RecordingCallback");
+    }
+    return javaConstant(name.c_str(), 1);
+}
+
+/// The native methods are called without their class's constructor, except for the value that `_asXML`
+/// renders.
+jobject receiverOf(const NativeMethod& native) {
+    if (native.className == "com/kvo/talvern/config/Value")
+        return plausibleObject("L" + native.className + ";");
+    return javaEnv()->AllocObject(native.javaClass);
+}
+
+}  // namespace
+
+const std::vector<NativeMethod>& bridgeNatives() {
+    static const std::vector<NativeMethod> natives = list(apiJar(), "com/kvo/talvern/", bridgeLibrary());
+    return natives;
+}
+
+const std::vector<NativeMethod>& plantedNatives() {
+    static const std::vector<NativeMethod> natives = [] {
+        JNIEnv* env = javaEnv();
+        jclass planted = env->FindClass("com/kvo/talvern/testing/Planted");
+        env->CallStaticVoidMethod(planted, env->GetStaticMethodID(planted, "load", "()V"));
+        return list(TALVERN_TESTS_JAR, "com/kvo/talvern/testing/Planted", TALVERN_PLANTED_LIBRARY);
+    }();
+    return natives;
+}
+
+const std::vector<NativeMethod>& unboundNatives() {
+    static const std::vector<NativeMethod> natives =
+        list(TALVERN_TESTS_JAR, "com/kvo/talvern/testing/Unbound", bridgeLibrary());
+    return natives;
+}
+
+const NativeMethod& bridgeNative(const std::string& className, const std::string& name) {
+    for (const NativeMethod& native : bridgeNatives()) {
+        if (native.className == "com/kvo/talvern/" + className && native.name == name) return native;
+    }
+    throw std::runtime_error{"no native method " + name + " in " + className};
+}
+
+std::vector<jvalue> plausibleArguments(const NativeMethod& native) {
+    std::vector<jvalue> arguments;
+    for (std::size_t i = 0; i < parameterCount(native.signature); ++i) {
+        const std::string type{parameterType(native.signature, i)};
+        switch (type.front()) {
+            case 'Z':
+                arguments.push_back(toJvalue(true));
+                break;
+            case 'I':
+                arguments.push_back(toJvalue(jint{1}));
+                break;
+            case 'J':
+                arguments.push_back(toJvalue(jlong{1}));
+                break;
+            default:
+                arguments.push_back(toJvalue(plausibleObject(type)));
+        }
+    }
+    return arguments;
+}
+
+Outcome invoke(const NativeMethod& native, const std::vector<jvalue>& arguments) {
+    return invoke(native, receiverOf(native), arguments);
+}
+
+Outcome invoke(const NativeMethod& native, jobject receiver, const std::vector<jvalue>& arguments) {
+    Outcome outcome{};
+    outcome.result = callFunction(native, receiver, arguments);
+    outcome.exception = takeException(javaEnv());
+    switch (resultType(native.signature).front()) {
+        case 'V':
+            break;
+        case 'Z':
+            outcome.resultText = outcome.result.z == JNI_TRUE ? "true" : "false";
+            break;
+        case 'I':
+            outcome.resultText = std::to_string(outcome.result.i);
+            break;
+        case 'J':
+            outcome.resultText = std::to_string(outcome.result.j);
+            break;
+        default:
+            outcome.resultText = describe(outcome.result.l);
+    }
+    return outcome;
+}
+
+std::string invokeThroughJvm(const NativeMethod& native, const std::vector<jvalue>& arguments) {
+    JNIEnv* env = javaEnv();
+    std::vector<jvalue> padded = arguments;
+    padded.emplace_back();  // so that there is an array even for no arguments
+    jobject receiver = receiverOf(native);
+    jmethodID id = env->GetMethodID(native.javaClass, native.name.c_str(), native.signature.c_str());
+    switch (resultType(native.signature).front()) {
+        case 'V':
+            env->CallVoidMethodA(receiver, id, padded.data());
+            break;
+        case 'Z':
+            env->CallBooleanMethodA(receiver, id, padded.data());
+            break;
+        case 'I':
+            env->CallIntMethodA(receiver, id, padded.data());
+            break;
+        case 'J':
+            env->CallLongMethodA(receiver, id, padded.data());
+            break;
+        default:
+            env->CallObjectMethodA(receiver, id, padded.data());
+    }
+    return takeException(env);
+}
