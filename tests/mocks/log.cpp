@@ -13,6 +13,7 @@ namespace talvern::log {
 void init(const char* name) { platform::operation(&LogMock::init, name); }
 
 void trace(unsigned level, const char* format, ...) {
+    const UncountedAllocations uncounted;
     std::va_list arguments;
     va_start(arguments, format);
     char* line = nullptr;

@@ -21,6 +21,11 @@ Mocks& mocks() {
     return instance;
 }
 
+void makeHostile(std::string& text, Hostility hostility) {
+    if (hostility == Hostility::empty) text.clear();
+    if (hostility == Hostility::huge) text.assign(10'000'000, 'x');
+}
+
 void* Mocks::find(const void* key, const std::function<std::shared_ptr<void>()>& create) {
     const std::lock_guard lock{mutex};
     auto& mock = all[key];
@@ -32,6 +37,7 @@ void Mocks::clear() {
     const std::lock_guard lock{mutex};
     all.clear();
     beforeOperation = nullptr;
+    hostility = Hostility::none;
     operations = 0;
 }
 

@@ -1,11 +1,13 @@
 #include "support/jniTable.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
 #include <cstring>
 #include <link.h>
 #include <string_view>
+#include <type_traits>
+
+#include "support/allocation.h"
 
 namespace {
 
@@ -59,10 +61,6 @@ std::string nameOf(JNIEnv* env, jclass javaClass) {
     return text;
 }
 
-// What each call does when it is to fail. Those that are not listed here raise an OutOfMemoryError.
-void failFindClass(JNIEnv* env, const char* name) { raise(env, "java/lang/NoClassDefFoundError", name); }
-void failLookup(JNIEnv* env, const char* name) { raise(env, "java/lang/NoSuchMethodError", name); }
-
 template <auto Slot>
 struct Hook;
 
@@ -74,14 +72,14 @@ struct Hook<Slot> {
 
     static Result JNICALL call(JNIEnv* env, Arguments... arguments) {
         if (isWatched(__builtin_return_address(0)) && current->mustFail(name, {})) {
-            raise(env, "java/lang/OutOfMemoryError", "planted");
+            raise(env, current->failure(), "planted");
             return Result();
         }
         return (original->*Slot)(env, arguments...);
     }
 };
 
-/// A function that cannot fail.
+/// A function that the JVM cannot let fail: it gives something back, asks, or throws.
 template <auto Slot>
 struct SafeHook;
 
@@ -91,14 +89,23 @@ struct SafeHook<Slot> {
     static inline const char* name = nullptr;
 
     static Result JNICALL call(JNIEnv* env, Arguments... arguments) {
-        if (isWatched(__builtin_return_address(0))) current->mustFail(name, {});
+        if (isWatched(__builtin_return_address(0))) current->noteSafe(name);
         return (original->*Slot)(env, arguments...);
     }
 };
 
+/// A function that says by a status that it failed.
+template <auto Slot, typename Argument>
+jint JNICALL hookedStatus(JNIEnv* env, Argument argument) {
+    const char* function = std::is_same_v<Argument, JavaVM**> ? "GetJavaVM" : "PushLocalFrame";
+    if (isWatched(__builtin_return_address(0)) && current->mustFail(function, {})) return JNI_ERR;
+    return (original->*Slot)(env, argument);
+}
+
 jclass JNICALL hookedFindClass(JNIEnv* env, const char* name) {
+    const UncountedAllocations uncounted;
     if (isWatched(__builtin_return_address(0)) && current->mustFail("FindClass", name)) {
-        failFindClass(env, name);
+        raise(env, "java/lang/NoClassDefFoundError", name);
         return nullptr;
     }
     return original->FindClass(env, name);
@@ -106,11 +113,12 @@ jclass JNICALL hookedFindClass(JNIEnv* env, const char* name) {
 
 template <auto Slot>
 jmethodID JNICALL hookedLookup(JNIEnv* env, jclass javaClass, const char* name, const char* signature) {
+    const UncountedAllocations uncounted;
     if (isWatched(__builtin_return_address(0))) {
         const char* function =
             Slot == &JNINativeInterface_::GetMethodID ? "GetMethodID" : "GetStaticMethodID";
         if (current->mustFail(function, nameOf(env, javaClass) + "." + name + " " + signature)) {
-            failLookup(env, name);
+            raise(env, "java/lang/NoSuchMethodError", name);
             return nullptr;
         }
     }
@@ -120,7 +128,7 @@ jmethodID JNICALL hookedLookup(JNIEnv* env, jclass javaClass, const char* name, 
 const char* JNICALL hookedGetStringUTFChars(JNIEnv* env, jstring string, jboolean* isCopy) {
     const bool watched = isWatched(__builtin_return_address(0));
     if (watched && current->mustFail("GetStringUTFChars", {})) {
-        raise(env, "java/lang/OutOfMemoryError", "planted");
+        raise(env, current->failure(), "planted");
         return nullptr;
     }
     const char* chars = original->GetStringUTFChars(env, string, isCopy);
@@ -130,16 +138,9 @@ const char* JNICALL hookedGetStringUTFChars(JNIEnv* env, jstring string, jboolea
 
 void JNICALL hookedReleaseStringUTFChars(JNIEnv* env, jstring string, const char* chars) {
     const bool watched = isWatched(__builtin_return_address(0));
-    if (watched) current->mustFail("ReleaseStringUTFChars", {});
+    if (watched) current->noteSafe("ReleaseStringUTFChars");
     if (!watched || current->given(chars)) original->ReleaseStringUTFChars(env, string, chars);
 }
-
-/// The functions that the JVM cannot let fail: giving something back, asking, throwing.
-constexpr std::array safeFunctions{"ReleaseStringUTFChars", "ExceptionDescribe", "ExceptionClear",
-                                   "ExceptionCheck",        "ThrowNew",          "Throw",
-                                   "GetArrayLength",        "GetObjectClass",    "IsInstanceOf",
-                                   "DeleteGlobalRef",       "DeleteLocalRef",    "PopLocalFrame",
-                                   "ExceptionOccurred"};
 
 const JNINativeInterface_* hookedTable() {
     static JNINativeInterface_ table = *original;
@@ -153,13 +154,11 @@ const JNINativeInterface_* hookedTable() {
     HOOK(Hook, CallStaticObjectMethodA);
     HOOK(Hook, NewStringUTF);
     HOOK(Hook, NewObjectArray);
-    HOOK(Hook, GetObjectArrayElement);
     HOOK(Hook, CallVoidMethodA);
     HOOK(Hook, SetObjectArrayElement);
     HOOK(Hook, NewGlobalRef);
-    HOOK(Hook, PushLocalFrame);
-    HOOK(Hook, GetJavaVM);
     HOOK(SafeHook, GetArrayLength);
+    HOOK(SafeHook, GetObjectArrayElement);
     HOOK(SafeHook, GetObjectClass);
     HOOK(SafeHook, IsInstanceOf);
     HOOK(SafeHook, ExceptionDescribe);
@@ -170,6 +169,8 @@ const JNINativeInterface_* hookedTable() {
     HOOK(SafeHook, DeleteGlobalRef);
     HOOK(SafeHook, PopLocalFrame);
 #undef HOOK
+    table.GetJavaVM = hookedStatus<&JNINativeInterface_::GetJavaVM>;
+    table.PushLocalFrame = hookedStatus<&JNINativeInterface_::PushLocalFrame>;
     table.FindClass = hookedFindClass;
     table.GetMethodID = hookedLookup<&JNINativeInterface_::GetMethodID>;
     table.GetStaticMethodID = hookedLookup<&JNINativeInterface_::GetStaticMethodID>;
@@ -197,6 +198,7 @@ void JniTable::restart() {
     calls_.clear();
     hiddenClass_.clear();
     failingCall_ = static_cast<std::size_t>(-1);
+    failure_ = "java/lang/OutOfMemoryError";
 }
 
 void JniTable::platformCalled() {
@@ -211,17 +213,25 @@ std::vector<std::string> JniTable::takeComplaints() {
 }
 
 bool JniTable::mustFail(const char* function, std::string detail) {
+    const UncountedAllocations uncounted;
     const bool isHidden =
         !hiddenClass_.empty() && std::strcmp(function, "FindClass") == 0 && detail == hiddenClass_;
-    calls_.push_back({function, std::move(detail)});
-    const bool canFail = std::find(safeFunctions.begin(), safeFunctions.end(), std::string_view{function}) ==
-                         safeFunctions.end();
-    return isHidden || (canFail && calls_.size() - 1 == failingCall_);
+    calls_.push_back({function, std::move(detail), true});
+    return isHidden || calls_.size() - 1 == failingCall_;
 }
 
-void JniTable::taken(const char* chars) { out_.push_back({chars, false}); }
+void JniTable::noteSafe(const char* function) {
+    const UncountedAllocations uncounted;
+    calls_.push_back({function, {}, false});
+}
+
+void JniTable::taken(const char* chars) {
+    const UncountedAllocations uncounted;
+    out_.push_back({chars, false});
+}
 
 bool JniTable::given(const char* chars) {
+    const UncountedAllocations uncounted;
     const auto buffer =
         std::find_if(out_.begin(), out_.end(), [&](const Buffer& b) { return b.chars == chars; });
     if (buffer == out_.end()) {

@@ -13,6 +13,7 @@ class JniTable {
     struct Call {
         const char* function;
         std::string detail;  ///< what was looked up, as "class" or "class.member signature"
+        bool canFail;
     };
 
     explicit JniTable(JNIEnv* env);
@@ -29,8 +30,12 @@ class JniTable {
     /// FindClass finds no class of this name.
     void hideClass(std::string name) { hiddenClass_ = std::move(name); }
 
-    /// The call with this index in `calls` fails as the JVM would, if such a call can.
-    void failCall(std::size_t index) { failingCall_ = index; }
+    /// The call with this index in `calls` fails as in the JVM: a lookup with its error, any other call with
+    /// `failure`, as if memory had run out or the called Java code had thrown it.
+    void failCall(std::size_t index, const char* failure = "java/lang/OutOfMemoryError") {
+        failingCall_ = index;
+        failure_ = failure;
+    }
 
     /// Notes which buffers are out while the platform runs: these must come back in the order taken.
     void platformCalled();
@@ -41,6 +46,8 @@ class JniTable {
 
     // For the table's own functions.
     bool mustFail(const char* function, std::string detail);
+    void noteSafe(const char* function);
+    [[nodiscard]] const char* failure() const { return failure_; }
     void taken(const char* chars);
     bool given(const char* chars);
 
@@ -56,6 +63,7 @@ class JniTable {
     std::vector<std::string> complaints_;
     std::string hiddenClass_;
     std::size_t failingCall_ = static_cast<std::size_t>(-1);
+    const char* failure_ = "java/lang/OutOfMemoryError";
 };
 
 /// The table of the current thread, or null.

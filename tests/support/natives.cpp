@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "bridge/signature.h"
+#include "support/allocation.h"
 #include "support/jvm.h"
 
 namespace {
@@ -52,6 +53,7 @@ jvalue callFunction(const NativeMethod& native, jobject receiver, std::vector<jv
         ffi_arg narrow;  // libffi widens results to this
         jvalue value;
     } result{};
+    const CountedAllocations counted;
     ffi_call(&interface, native.function, &result, values.data());
     return result.value;
 }

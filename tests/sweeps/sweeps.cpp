@@ -1,13 +1,17 @@
 #include "sweeps/sweeps.h"
 
+#include <algorithm>
 #include <functional>
 #include <map>
+#include <new>
 #include <set>
 #include <stdexcept>
 
 #include "bridge/signature.h"
+#include "mocks/log.h"
 #include "mocks/mock.h"
 #include "platform/messaging.h"
+#include "support/allocation.h"
 #include "support/jniTable.h"
 #include "support/jvm.h"
 
@@ -29,6 +33,11 @@ const std::vector<Fault>& faults() {
     static const std::string general = "com.kvo.talvern.TalvernException: ";
     static const std::vector<Fault> all{
         {"a standard exception", [] { throw std::runtime_error{"planted"}; }, general + "planted"},
+        {"bad_alloc", [] { throw std::bad_alloc{}; }, general + "std::bad_alloc"},
+        {"an empty what()", [] { throw std::logic_error{""}; }, general},
+        {"a what() full of formats", [] { throw std::out_of_range{"%s%n%d%s"}; }, general + "%s%n%d%s"},
+        {"a huge what()", [] { throw std::runtime_error{std::string(100'000, 'w')}; },
+         general + std::string(100'000, 'w')},
         {"an int", [] { throw 7; }, general + "Unknown native exception"},
         {"a text", [] { throw "planted"; }, general + "Unknown native exception"},
         {"a ValidationException",
@@ -181,26 +190,51 @@ Findings sweepPlatformExceptions(const std::vector<NativeMethod>& natives) {
     return findings;
 }
 
+namespace {
+
+/// Calls with arguments of which some are null; `isAnswered` if the contract has an answer for it.
+void checkNull(Findings& findings, const NativeMethod& native, const std::string& what,
+               const std::vector<jvalue>& arguments, bool isAnswered) {
+    Case test{findings, native, "null as " + what, arguments};
+    if (isAnswered) {
+        test.require(test.outcome.exception.empty(), "an exception");
+    } else {
+        test.require(test.outcome.exception.starts_with("com.kvo.talvern.TalvernException: null "),
+                     "no exception that names the null");
+        test.require(test.operations() == 0, "the platform was called");
+        test.requireFailureValue();
+    }
+    test.requireBuffersReturned();
+}
+
+}  // namespace
+
 Findings sweepNullArguments(const std::vector<NativeMethod>& natives) {
     Findings findings;
     for (const NativeMethod& native : natives) {
+        std::vector<std::size_t> references;
+        bool allAnswered = true;
         for (std::size_t i = 0; i < parameterCount(native.signature); ++i) {
-            const char kind = parameterType(native.signature, i).front();
-            if (kind != 'L' && kind != '[') continue;
+            const std::string_view type = parameterType(native.signature, i);
+            if (type.front() != 'L' && type.front() != '[') continue;
             const LocalFrame frame;
+            references.push_back(i);
+            allAnswered = allAnswered && acceptsNull(native, i);
+            const std::string argument = "argument " + std::to_string(i + 1);
             std::vector<jvalue> arguments = plausibleArguments(native);
-            arguments[i].l = nullptr;
-            Case test{findings, native, "a null argument " + std::to_string(i + 1), arguments};
-            if (acceptsNull(native, i)) {
-                test.require(test.outcome.exception.empty(), "an exception");
-            } else {
-                test.require(test.outcome.exception.starts_with("com.kvo.talvern.TalvernException: null "),
-                             "no exception that names the null");
-                test.require(test.operations() == 0, "the platform was called");
-                test.requireFailureValue();
+            for (jsize element = 0; type == "[Ljava/lang/String;" && element < 2; ++element) {
+                const std::vector<jvalue> withNull = plausibleArguments(native);
+                javaEnv()->SetObjectArrayElement(static_cast<jobjectArray>(withNull[i].l), element, nullptr);
+                checkNull(findings, native, "element of " + argument, withNull, false);
             }
-            test.requireBuffersReturned();
+            arguments[i].l = nullptr;
+            checkNull(findings, native, argument, arguments, acceptsNull(native, i));
         }
+        if (references.size() < 2) continue;
+        const LocalFrame frame;
+        std::vector<jvalue> arguments = plausibleArguments(native);
+        for (const std::size_t i : references) arguments[i].l = nullptr;
+        checkNull(findings, native, "every argument", arguments, allAnswered);
     }
     return findings;
 }
@@ -233,6 +267,143 @@ Findings sweepMissingClasses(const std::vector<NativeMethod>& natives) {
             }
         }
         platform::mocks().beforeOperation = nullptr;
+    }
+    return findings;
+}
+
+namespace {
+
+/// The exception that a failed call leaves behind.
+std::string failureOf(const JniTable::Call& call, const std::string& failure) {
+    const std::string_view function{call.function};
+    if (function == "FindClass") return "java.lang.NoClassDefFoundError: " + call.detail;
+    if (function == "GetMethodID" || function == "GetStaticMethodID") {
+        const std::size_t end = call.detail.find(' ');
+        const std::size_t begin = call.detail.rfind('.', end) + 1;
+        return "java.lang.NoSuchMethodError: " + call.detail.substr(begin, end - begin);
+    }
+    if (function == "GetJavaVM" || function == "PushLocalFrame") return "";  // a status only
+    std::string name = failure;
+    std::replace(name.begin(), name.end(), '/', '.');
+    return name + ": planted";
+}
+
+bool runsJavaCode(const JniTable::Call& call) {
+    const std::string_view function{call.function};
+    return function.starts_with("Call") || function == "NewObjectA";
+}
+
+}  // namespace
+
+Findings sweepFailingCalls(const std::vector<NativeMethod>& natives) {
+    Findings findings;
+    JniTable& table = *currentJniTable();
+    std::vector<std::function<void()>> conditions{nullptr};
+    for (const Fault& fault : faults()) conditions.push_back(fault.raise);
+    for (const NativeMethod& native : natives) {
+        for (const auto& condition : conditions) {
+            platform::mocks().beforeOperation = condition;
+            std::vector<JniTable::Call> calls;
+            {
+                const LocalFrame frame;
+                table.restart();
+                invoke(native, plausibleArguments(native));
+                calls = table.calls();
+            }
+            for (std::size_t n = 0; n < calls.size(); ++n) {
+                if (!calls[n].canFail) continue;
+                for (const char* failure :
+                     {"java/lang/OutOfMemoryError", "java/lang/IllegalStateException"}) {
+                    if (std::string_view{failure}.ends_with("IllegalStateException") &&
+                        !runsJavaCode(calls[n]))
+                        continue;
+                    const LocalFrame frame;
+                    const std::vector<jvalue> arguments = plausibleArguments(native);
+                    table.restart();
+                    table.failCall(n, failure);
+                    Case test{findings, native,
+                              std::string{calls[n].function} + " " + calls[n].detail + " failing as call " +
+                                  std::to_string(n) + (condition ? " while the platform throws" : ""),
+                              arguments};
+                    table.restart();
+                    const std::string expected = failureOf(calls[n], failure);
+                    test.require(expected.empty() || test.outcome.exception == expected,
+                                 "not the JVM's error");
+                    test.requireBuffersReturned();
+                }
+            }
+        }
+        platform::mocks().beforeOperation = nullptr;
+    }
+    return findings;
+}
+
+Findings sweepHostileAnswers(const std::vector<NativeMethod>& natives) {
+    using platform::Hostility;
+    Findings findings;
+    for (const NativeMethod& native : natives) {
+        for (const auto& [hostility, name] : {std::pair{Hostility::empty, "empty answers"},
+                                              {Hostility::least, "the least numbers"},
+                                              {Hostility::greatest, "the greatest numbers"},
+                                              {Hostility::huge, "huge answers"}}) {
+            const LocalFrame frame;
+            const std::vector<jvalue> arguments = plausibleArguments(native);
+            platform::mocks().hostility = hostility;
+            Case test{findings, native, name, arguments};
+            platform::mocks().hostility = Hostility::none;
+            const std::string& exception = test.outcome.exception;
+            test.require(exception.empty() || exception.starts_with("com.kvo.talvern.TalvernException: ") ||
+                             exception.starts_with("java.lang.ArrayIndexOutOfBoundsException: "),
+                         "an exception that says nothing");
+            test.requireBuffersReturned();
+        }
+    }
+    return findings;
+}
+
+Findings sweepFailingMemory(const std::vector<NativeMethod>& natives) {
+    Findings findings;
+    std::vector<std::function<void()>> conditions{nullptr};
+    for (const Fault& fault : faults()) conditions.push_back(fault.raise);
+    for (const NativeMethod& native : natives) {
+        for (const auto& condition : conditions) {
+            platform::mocks().beforeOperation = condition;
+            for (std::size_t n = 0;; ++n) {
+                const LocalFrame frame;
+                const std::vector<jvalue> arguments = plausibleArguments(native);
+                failAllocation(n);
+                Case test{findings, native, "allocation " + std::to_string(n) + " failing", arguments};
+                const bool hasFailed = allocationHasFailed();
+                if (!hasFailed) break;
+                test.require(test.outcome.exception == "com.kvo.talvern.TalvernException: std::bad_alloc" ||
+                                 test.outcome.exception ==
+                                     "com.kvo.talvern.TalvernException: Unknown native exception",
+                             "not the failed allocation");
+                test.requireFailureValue();
+                test.requireBuffersReturned();
+            }
+        }
+        platform::mocks().beforeOperation = nullptr;
+    }
+    return findings;
+}
+
+Findings sweepFailingTrace(const std::vector<NativeMethod>& natives) {
+    Findings findings;
+    ON_CALL(mock<LogMock>(), line).WillByDefault([](unsigned, const std::string&) { throw 1; });
+    for (const NativeMethod& native : natives) {
+        for (const Fault& fault : faults()) {
+            const LocalFrame frame;
+            platform::mocks().beforeOperation = fault.raise;
+            Case test{findings, native, std::string{"the trace log failing after "} + fault.name,
+                      plausibleArguments(native)};
+            platform::mocks().beforeOperation = nullptr;
+            test.require(
+                test.outcome.exception == "com.kvo.talvern.TalvernException: Unknown native exception",
+                "another exception");
+            test.requireFailureValue();
+            test.requireBuffersReturned();
+        }
     }
     return findings;
 }

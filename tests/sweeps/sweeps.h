@@ -20,12 +20,26 @@ Findings sweepBindings(const std::vector<NativeMethod>& natives);
 /// Every platform operation throws: one Java exception of the right kind, and the failure value.
 Findings sweepPlatformExceptions(const std::vector<NativeMethod>& natives);
 
-/// Every reference argument is null: an exception that says so and no call of the platform, or the answer
-/// that the contract gives.
+/// Every reference argument and every element of an array is null, alone and all at once: an exception that
+/// says so and no call of the platform, or the answer that the contract gives.
 Findings sweepNullArguments(const std::vector<NativeMethod>& natives);
 
 /// Every Java class that the native methods look up is missing: the JVM's error and the failure value.
 Findings sweepMissingClasses(const std::vector<NativeMethod>& natives);
+
+/// Every single JNI call fails, in calls that succeed otherwise and in those in which the platform throws:
+/// that error arrives in Java.
+Findings sweepFailingCalls(const std::vector<NativeMethod>& natives);
+
+/// Every single allocation of native memory fails: a Java exception that says so.
+Findings sweepFailingMemory(const std::vector<NativeMethod>& natives);
+
+/// The trace log throws while a native exception is translated: Java still gets an exception.
+Findings sweepFailingTrace(const std::vector<NativeMethod>& natives);
+
+/// The platform gives hostile answers: empty, huge, extreme, null. Whatever comes of it, the buffers are
+/// given back and no more than one Java exception arrives.
+Findings sweepHostileAnswers(const std::vector<NativeMethod>& natives);
 
 /// What the native method returns after a failure, as text.
 std::string failureValue(const NativeMethod& native);

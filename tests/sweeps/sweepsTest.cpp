@@ -35,6 +35,9 @@ TEST_F(SweepTest, FindsThePlantedFaults) {
     EXPECT_THAT(sweepNullArguments(plantedNatives()).faults,
                 Contains(faultOf("_callsPlatformWithNull", "the platform was called")));
 
+    EXPECT_THAT(sweepFailingCalls(plantedNatives()).faults,
+                Contains(faultOf("_hidesMissingClass", "not the JVM's error")));
+
     EXPECT_THAT(sweepMissingClasses(plantedNatives()).faults,
                 Contains(faultOf("_hidesMissingClass", "not the JVM's error")));
 }
@@ -48,5 +51,13 @@ TEST_F(SweepTest, EveryPlatformExceptionReachesJava) {
 TEST_F(SweepTest, EveryNullArgumentIsAnswered) { expectClean(sweepNullArguments(bridgeNatives())); }
 
 TEST_F(SweepTest, EveryMissingClassIsReported) { expectClean(sweepMissingClasses(bridgeNatives())); }
+
+TEST_F(SweepTest, EveryFailedAllocationArrivesInJava) { expectClean(sweepFailingMemory(bridgeNatives())); }
+
+TEST_F(SweepTest, AFailingTraceLogHidesNoException) { expectClean(sweepFailingTrace(bridgeNatives())); }
+
+TEST_F(SweepTest, EveryFailedJniCallArrivesInJava) { expectClean(sweepFailingCalls(bridgeNatives())); }
+
+TEST_F(SweepTest, HostileAnswersDoNoHarm) { expectClean(sweepHostileAnswers(bridgeNatives())); }
 
 }  // namespace
