@@ -2,7 +2,8 @@
 
 // What a JVM inside a sanitized process needs: its own use of SIGSEGV stays untouched, and what it keeps for
 // ever is no leak. Allocation stacks are kept to three frames, so that the suppression hides what the JVM
-// allocates but not what a native method does, although each of these is called by the JVM.
+// allocates but not what a native method does, although each of these is called by the JVM. The C library's
+// last dlerror text lies where leaks are not looked for in a JVM's process.
 extern "C" {
 const char* __asan_default_options();
 const char* __asan_default_options() { return "handle_segv=0:malloc_context_size=3"; }
@@ -12,8 +13,14 @@ const char* __lsan_default_options();
 const char* __lsan_default_options() { return "use_tls=0:print_suppressions=0"; }
 const char* __lsan_default_suppressions();
 const char* __lsan_default_suppressions() {
-    return "leak:libjvm.so\nleak:libjava.so\nleak:libzip.so\nleak:libjimage.so\nleak:libnio.so\nleak:libnet."
-           "so\nleak:ld-linux\nleak:libdl\n";
+    return "leak:libjvm.so\nleak:libjava.so\nleak:libjimage.so\nleak:libzip.so\nleak:libz.so\nleak:_dlerror_"
+           "run\nleak:_dl_exception_create";
+}
+const char* __tsan_default_options();
+const char* __tsan_default_options() { return "handle_segv=0:report_signal_unsafe=0"; }
+const char* __tsan_default_suppressions();
+const char* __tsan_default_suppressions() {
+    return "race:libjvm.so\nmutex:libjvm.so\ndeadlock:libjvm.so\nthread:libjvm.so\n";
 }
 }
 

@@ -126,4 +126,9 @@ JNIEXPORT void JNICALL Java_com_kvo_talvern_testing_MemoryFaults__1overflows(JNI
     volatile jint value = std::numeric_limits<jint>::max();
     value = value + 1;
 }
+
+JNIEXPORT void JNICALL Java_com_kvo_talvern_testing_MemoryFaults__1countsUnguarded(JNIEnv*, jobject) {
+    static int count = 0;
+    ++count;
+}
 }

@@ -2,8 +2,8 @@
 
 #include <cstddef>
 
-// Native memory that runs out. Counted are the allocations by `operator new` of a native method that the current
-// thread calls, but for those of the tests' own code below it.
+// Native memory that runs out. Counted are the allocations by `operator new` of a native method that the
+// current thread calls, but for those of the tests' own code below it.
 
 /// From now on the allocation with this index fails, once.
 void failAllocation(std::size_t index);

@@ -96,3 +96,12 @@ jobject javaConstant(const char* className, jint ordinal) {
     auto* values = static_cast<jobjectArray>(callStatic(className, "values", signature.c_str(), nullptr));
     return javaEnv()->GetObjectArrayElement(values, ordinal);
 }
+
+std::string runJava(const std::string& className, const char* method) {
+    JNIEnv* env = javaEnv();
+    jclass javaClass = env->FindClass(("com/kvo/talvern/testing/" + className).c_str());
+    jmethodID id = env->GetStaticMethodID(javaClass, method, "()Ljava/lang/String;");
+    auto* result = static_cast<jstring>(env->CallStaticObjectMethod(javaClass, id));
+    const std::string exception = takeException(env);
+    return exception.empty() ? toText(env, result) : exception;
+}

@@ -30,3 +30,7 @@ std::string describe(jobject object);
 
 /// The constant of the Java enum `className` with this ordinal.
 jobject javaConstant(const char* className, jint ordinal);
+
+/// What the static method `method` of the test class `className` returns, a String; the class is given
+/// without "com/kvo/talvern/testing/". An exception is returned as text.
+std::string runJava(const std::string& className, const char* method);

@@ -1,0 +1,12 @@
+#include <gmock/gmock.h>
+
+#include "support/jvm.h"
+
+namespace {
+
+TEST(Threads, EachOf64GetsTheAnswersToItsOwnCalls) { EXPECT_EQ(runJava("Threads", "mixedCalls"), ""); }
+
+// Must end in a report of the thread sanitizer; runs in a process of its own.
+TEST(PlantedRace, DISABLED_Race) { runJava("MemoryFaults", "race"); }
+
+}  // namespace
