@@ -13,14 +13,22 @@ const char* __lsan_default_options();
 const char* __lsan_default_options() { return "use_tls=0:print_suppressions=0"; }
 const char* __lsan_default_suppressions();
 const char* __lsan_default_suppressions() {
-    return "leak:libjvm.so\nleak:libjava.so\nleak:libjimage.so\nleak:libzip.so\nleak:libz.so\nleak:_dlerror_"
-           "run\nleak:_dl_exception_create";
+    return "leak:libjvm.so\n"
+           "leak:libjava.so\n"
+           "leak:libjimage.so\n"
+           "leak:libzip.so\n"
+           "leak:libz.so\n"
+           "leak:_dlerror_run\n"
+           "leak:_dl_exception_create\n";
 }
 const char* __tsan_default_options();
 const char* __tsan_default_options() { return "handle_segv=0:report_signal_unsafe=0"; }
 const char* __tsan_default_suppressions();
 const char* __tsan_default_suppressions() {
-    return "race:libjvm.so\nmutex:libjvm.so\ndeadlock:libjvm.so\nthread:libjvm.so\n";
+    return "race:libjvm.so\n"
+           "mutex:libjvm.so\n"
+           "deadlock:libjvm.so\n"
+           "thread:libjvm.so\n";
 }
 }
 

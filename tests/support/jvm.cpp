@@ -5,14 +5,21 @@
 
 namespace {
 
+/// Where the bridge lies: the environment may name another one than this build's.
+const char* libraryFolder() {
+    const char* folder = std::getenv("TALVERN_LIBRARY_FOLDER");
+    return folder == nullptr ? TALVERN_LIBRARY_FOLDER : folder;
+}
+
 JavaVM* createJvm() {
     char classPath[] = "-Djava.class.path=" TALVERN_API_JAR ":" TALVERN_TESTS_JAR;
-    char libraryPath[] = "-Dtalvern.library.path=" TALVERN_LIBRARY_FOLDER;
+    std::string libraryPath = "-Dtalvern.library.path=";
+    libraryPath += libraryFolder();
     char planted[] = "-Dtalvern.planted.library=" TALVERN_PLANTED_LIBRARY;
     char logFile[] = "-XX:LogFile=" TALVERN_JVM_LOG;
     JavaVMOption options[] = {
         {classPath, nullptr},
-        {libraryPath, nullptr},
+        {libraryPath.data(), nullptr},
         {planted, nullptr},
         {const_cast<char*>("-Xcheck:jni"), nullptr},
         {const_cast<char*>("-Xmx2g"), nullptr},
@@ -58,7 +65,7 @@ JNIEnv* javaEnv() {
 
 std::string apiJar() { return TALVERN_API_JAR; }
 
-std::string bridgeLibrary() { return TALVERN_LIBRARY_FOLDER "/libtalvernjni.so"; }
+std::string bridgeLibrary() { return std::string{libraryFolder()} + "/libtalvernjni.so"; }
 
 std::string takeException(JNIEnv* env) {
     jthrowable exception = env->ExceptionOccurred();
