@@ -10,6 +10,10 @@
 /// creates the JVM and loads the bridge; a thread that Java does not know is attached.
 JNIEnv* javaEnv();
 
+/// Whether the JVM checks the JNI calls. It writes a report of a millisecond for each that the contract
+/// leaves unchecked, so that tests with very many calls run without.
+bool isJniChecked();
+
 /// The jar of the Java side.
 std::string apiJar();
 

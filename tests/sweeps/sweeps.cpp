@@ -10,7 +10,6 @@
 #include "bridge/signature.h"
 #include "mocks/log.h"
 #include "mocks/mock.h"
-#include "platform/messaging.h"
 #include "support/allocation.h"
 #include "support/jniTable.h"
 #include "support/jvm.h"
@@ -338,19 +337,17 @@ Findings sweepFailingCalls(const std::vector<NativeMethod>& natives) {
     return findings;
 }
 
-Findings sweepHostileAnswers(const std::vector<NativeMethod>& natives) {
-    using platform::Hostility;
+Findings sweepHostileAnswers(const std::vector<NativeMethod>& natives,
+                             const std::vector<platform::Hostility>& hostilities) {
     Findings findings;
     for (const NativeMethod& native : natives) {
-        for (const auto& [hostility, name] : {std::pair{Hostility::empty, "empty answers"},
-                                              {Hostility::least, "the least numbers"},
-                                              {Hostility::greatest, "the greatest numbers"},
-                                              {Hostility::huge, "huge answers"}}) {
+        for (const platform::Hostility hostility : hostilities) {
             const LocalFrame frame;
             const std::vector<jvalue> arguments = plausibleArguments(native);
             platform::mocks().hostility = hostility;
-            Case test{findings, native, name, arguments};
-            platform::mocks().hostility = Hostility::none;
+            Case test{findings, native,
+                      "hostile answers of kind " + std::to_string(static_cast<int>(hostility)), arguments};
+            platform::mocks().hostility = platform::Hostility::none;
             const std::string& exception = test.outcome.exception;
             test.require(exception.empty() || exception.starts_with("com.kvo.talvern.TalvernException: ") ||
                              exception.starts_with("java.lang.ArrayIndexOutOfBoundsException: "),

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "mocks/mock.h"
 #include "support/natives.h"
 
 // Checks that hold for every native method, made from what reflection tells about it.
@@ -39,7 +40,8 @@ Findings sweepFailingTrace(const std::vector<NativeMethod>& natives);
 
 /// The platform gives hostile answers: empty, huge, extreme, null. Whatever comes of it, the buffers are
 /// given back and no more than one Java exception arrives.
-Findings sweepHostileAnswers(const std::vector<NativeMethod>& natives);
+Findings sweepHostileAnswers(const std::vector<NativeMethod>& natives,
+                             const std::vector<platform::Hostility>& hostilities);
 
 /// What the native method returns after a failure, as text.
 std::string failureValue(const NativeMethod& native);

@@ -58,6 +58,16 @@ TEST_F(SweepTest, AFailingTraceLogHidesNoException) { expectClean(sweepFailingTr
 
 TEST_F(SweepTest, EveryFailedJniCallArrivesInJava) { expectClean(sweepFailingCalls(bridgeNatives())); }
 
-TEST_F(SweepTest, HostileAnswersDoNoHarm) { expectClean(sweepHostileAnswers(bridgeNatives())); }
+TEST_F(SweepTest, HostileAnswersDoNoHarm) {
+    using platform::Hostility;
+    expectClean(
+        sweepHostileAnswers(bridgeNatives(), {Hostility::empty, Hostility::least, Hostility::greatest}));
+}
+
+class LargeSweepTest : public LargeTest {};
+
+TEST_F(LargeSweepTest, HugeAnswersDoNoHarm) {
+    EXPECT_THAT(sweepHostileAnswers(bridgeNatives(), {platform::Hostility::huge}).faults, IsEmpty());
+}
 
 }  // namespace
