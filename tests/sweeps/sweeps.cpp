@@ -10,6 +10,7 @@
 #include "bridge/signature.h"
 #include "mocks/log.h"
 #include "mocks/mock.h"
+#include "platform/messaging.h"
 #include "support/allocation.h"
 #include "support/jniTable.h"
 #include "support/jvm.h"
