@@ -12,6 +12,9 @@ public final class Demo {
      */
     public static void main(String[] arguments) {
         nodeName();
+        UsersDemo.run();
+        CaptureDemo.run();
+        ServicesDemo.run();
     }
 
     private static void nodeName() {
