@@ -13,6 +13,9 @@ public final class Demo {
     public static void main(String[] arguments) {
         nodeName();
         HardwareDemo.run();
+        UsersDemo.run();
+        CaptureDemo.run();
+        ServicesDemo.run();
     }
 
     private static void nodeName() {
