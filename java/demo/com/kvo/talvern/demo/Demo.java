@@ -16,6 +16,7 @@ public final class Demo {
         UsersDemo.run();
         CaptureDemo.run();
         ServicesDemo.run();
+        ApplianceDemo.run();
     }
 
     private static void nodeName() {
