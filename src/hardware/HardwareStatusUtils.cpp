@@ -18,7 +18,7 @@ namespace {
 jobject readUsage(JNIEnv* env, bool (*read)(std::vector<statusUtils::CPUUsage>&)) {
     const JavaHashMaps maps{env};
     const Constructor<"(I)V"> toInteger{env, findClass(env, "java/lang/Integer")};
-    jobject map = maps.create();
+    jobject map = notNull(maps.create());
 
     const std::vector<statusUtils::CPUUsage> usage = readList(read);
     if (usage.empty()) return nullptr;
