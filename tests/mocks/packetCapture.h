@@ -4,7 +4,18 @@
 #include <string>
 #include <vector>
 
+#include "mocks/mock.h"
 #include "platform/packetCapture.h"
+
+namespace talvern::packetCapture {
+
+inline void makeHostile(CaptureInfo& info, platform::Hostility hostility) {
+    platform::makeHostile(info.interfaceName, hostility);
+    platform::makeHostile(info.state, hostility);
+    platform::makeHostile(info.files, hostility);
+}
+
+}  // namespace talvern::packetCapture
 
 struct PacketCaptureMock {
     using State = talvern::packetCapture::InterfaceState;
