@@ -325,8 +325,11 @@ Findings sweepFailingCalls(const std::vector<NativeMethod>& natives) {
                               std::string{calls[n].function} + " " + calls[n].detail + " failing as call " +
                                   std::to_string(n) + (condition ? " while the platform throws" : ""),
                               arguments};
+                    // Not always the call of the first run: an upgrade depends on those before.
+                    const std::vector<JniTable::Call> made = table.calls();
                     table.restart();
-                    const std::string expected = failureOf(calls[n], failure);
+                    const bool hasFailed = n < made.size() && made[n].canFail;
+                    const std::string expected = hasFailed ? failureOf(made[n], failure) : "";
                     test.require(expected.empty() || test.outcome.exception == expected,
                                  "not the JVM's error");
                     test.requireBuffersReturned();
