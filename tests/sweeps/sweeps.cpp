@@ -327,8 +327,11 @@ Findings sweepFailingCalls(const std::vector<NativeMethod>& natives) {
                                   std::to_string(n) +
                                   (condition == nullptr ? "" : " while the platform throws"),
                               arguments};
+                    // Not always the call of the first run: an upgrade depends on those before.
+                    const std::vector<JniTable::Call> made = table.calls();
                     table.restart();
-                    const std::string expected = failureOf(calls[n], failure);
+                    const bool hasFailed = n < made.size() && made[n].canFail;
+                    const std::string expected = hasFailed ? failureOf(made[n], failure) : "";
                     // What the platform throws afterwards takes its place.
                     const bool wasReplaced = condition != nullptr && test.operations() > 0 &&
                                              test.outcome.exception == expectedException(*condition, native);

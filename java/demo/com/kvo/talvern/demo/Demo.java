@@ -17,6 +17,7 @@ public final class Demo {
         CaptureDemo.run();
         ServicesDemo.run();
         ApplianceDemo.run();
+        LifecycleDemo.run();
     }
 
     private static void nodeName() {
