@@ -12,6 +12,7 @@ public final class Demo {
      */
     public static void main(String[] arguments) {
         nodeName();
+        NetworkDemo.run();
         HardwareDemo.run();
         UsersDemo.run();
         CaptureDemo.run();
