@@ -28,7 +28,7 @@ class Detacher {
   public:
     Detacher() = default;
     ~Detacher() {
-        // Not attached: someone else has detached it, or the JVM is gone.
+        // Not attached: the JVM is gone, and an older one would block; or someone else has detached it.
         if (vm_ != nullptr && !processEnds && isAttached(vm_)) vm_->DetachCurrentThread();
     }
     Detacher(const Detacher&) = delete;
