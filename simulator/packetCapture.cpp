@@ -1,9 +1,11 @@
 #include "platform/packetCapture.h"
 
+#include <algorithm>
 #include <map>
-#include <set>
+#include <memory>
 
 #include "memory.h"
+#include "platform/ethernetInterfaces.h"
 
 namespace {
 
@@ -13,12 +15,15 @@ constexpr int notFound = 2;
 constexpr int notRunning = 4;
 constexpr int stillRunning = 5;
 
-const std::set<std::string> interfaces{"eth0", "eth1", "eth2"};
-
 struct State {
     std::map<std::string, CaptureInfo> captures;
 };
 Memory<State> memory;
+
+bool isInterface(const std::string& name) {
+    const std::unique_ptr<std::vector<std::string>> names{talvern::ethernetInterfaces::getInterfaceNames()};
+    return std::find(names->begin(), names->end(), name) != names->end();
+}
 
 }  // namespace
 
@@ -31,7 +36,7 @@ InterfaceState
 sStartPacketCapture(std::string interfaceName, std::string fileName, std::string /*filter*/,
                     unsigned int /*snapLength*/, unsigned long /*maxBytes*/, unsigned int /*maxSeconds*/,
                     unsigned int /*maxPackets*/, bool /*isPromiscuous*/) {
-    if (!interfaces.contains(interfaceName)) return unknownInterface;
+    if (!isInterface(interfaceName)) return unknownInterface;
     if (fileName.empty()) return invalidArguments;
     return memory.use([&](State& state) {
         CaptureInfo& capture =

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "bridge/marshalling.h"
+#include "bridge/requireRecords.h"
 #include "hardware/readList.h"
 #include "platform/statusUtils.h"
 

@@ -27,7 +27,7 @@ jobject getStatus(JNIEnv* env, jstring name, InterfaceStatus* (*read)(std::strin
         if (status == nullptr) return nullptr;
         jobjectArray details = nullptr;
         if (!status->details.empty()) {
-            details = toJavaHashMapArray(env, status->details, maps, "details of an interface status");
+            details = toJavaHashMapArray(env, status->details, maps, "details of an interface");
         }
         return create(name, status->isEnabled, status->isUp, details);
     });
@@ -71,8 +71,7 @@ Java_com_kvo_talvern_appliance_EthernetInterfaces__1getEthernetInterfaces(JNIEnv
     return entryPoint(env, jobjectArray{}, [&] {
         std::vector<KeyValPair*> interfaces;
         const bool wereRead = talvern::ethernetInterfaces::getInterfaces(interfaces);
-        return wereRead ? toJavaHashMapArray(env, interfaces, JavaHashMaps{env}, "list of interfaces")
-                        : nullptr;
+        return wereRead ? toJavaHashMapArray(env, interfaces, JavaHashMaps{env}, "interfaces") : nullptr;
     });
 }
 

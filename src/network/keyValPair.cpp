@@ -1,9 +1,8 @@
 #include "network/keyValPair.h"
 
-#include <algorithm>
-#include <stdexcept>
 #include <string>
 
+#include "bridge/requireRecords.h"
 #include "bridge/utfStrings.h"
 
 using talvern::types::KeyValPair;
@@ -23,12 +22,8 @@ jobject toJavaHashMap(JNIEnv* env, const KeyValPair& attributes, const JavaHashM
 }
 
 jobjectArray toJavaHashMapArray(JNIEnv* env, const std::vector<KeyValPair*>& records,
-                                const JavaHashMaps& maps, const char* list) {
-    const auto missing = std::find(records.begin(), records.end(), nullptr);
-    if (missing != records.end()) {
-        throw std::runtime_error{"null record in the " + std::string{list} + " at index " +
-                                 std::to_string(missing - records.begin())};
-    }
+                                const JavaHashMaps& maps, const char* listName) {
+    requireRecords(records, listName);
     return toJavaArray(env, maps.javaClass(), maps.create(), records,
                        [&](const KeyValPair* record) { return toJavaHashMap(env, *record, maps); });
 }

@@ -15,11 +15,11 @@ void putAll(JNIEnv* env, const talvern::types::KeyValPair& attributes, const Jav
 /// A new java.util.HashMap of the attributes.
 jobject toJavaHashMap(JNIEnv* env, const talvern::types::KeyValPair& attributes, const JavaHashMaps& maps);
 
-/// A Java array with one java.util.HashMap per record, in order; of length 0 if there are none. `list` says
-/// what the records are, for the message of the exception.
+/// A Java array with one java.util.HashMap per record, in order; of length 0 if there are none. `listName`
+/// says what the list is of, for the message of the exception.
 /// @throws std::runtime_error  one of the pointers is null
 jobjectArray toJavaHashMapArray(JNIEnv* env, const std::vector<talvern::types::KeyValPair*>& records,
-                                const JavaHashMaps& maps, const char* list);
+                                const JavaHashMaps& maps, const char* listName);
 
 /// Stores each value under the key with the same index; where a key comes again, its last value stays.
 /// False: the arrays differ in length, and nothing is stored.

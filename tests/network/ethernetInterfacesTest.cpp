@@ -112,9 +112,9 @@ TEST_F(EthernetInterfacesTest, NamesTheNullRecordOfAList) {
     EXPECT_EQ(takeThrown(),
               "com.kvo.talvern.TalvernException: null record in the list of interfaces at index 1");
     EXPECT_EQ(callInterfaces("_getVLANStatus", javaString("vlan1")).resultText, "null");
-    EXPECT_EQ(takeThrown(),
-              "com.kvo.talvern.TalvernException: null record in the details of an interface "
-              "status at index 1");
+    EXPECT_EQ(
+        takeThrown(),
+        "com.kvo.talvern.TalvernException: null record in the list of details of an interface at index 1");
 }
 
 TEST_F(EthernetInterfacesTest, AsksForTheStatusOfEachKindOfInterface) {
