@@ -75,7 +75,8 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1createObjec
 }
 
 JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1updateObject(
-    JNIEnv* env, jobject receiver, jstring type, jstring parent, jstring name, jobject value, jboolean merge) {
+    JNIEnv* env, jobject receiver, jstring type, jstring parent, jstring name, jobject value,
+    jboolean merge) {
     return changingEntryPoint(env, jobject{}, [&] {
         UtfStrings utf{env};
         const ObjectId id{utf, type, parent, name};
@@ -94,8 +95,10 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1deleteObjec
     });
 }
 
-JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1resetObject(
-    JNIEnv* env, jobject receiver, jstring type, jstring parent, jstring name) {
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1resetObject(JNIEnv* env,
+                                                                                 jobject receiver,
+                                                                                 jstring type, jstring parent,
+                                                                                 jstring name) {
     return changingEntryPoint(env, jobject{}, [&] {
         UtfStrings utf{env};
         const ObjectId id{utf, type, parent, name};
@@ -103,8 +106,10 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1resetObject
     });
 }
 
-JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1queryObject(
-    JNIEnv* env, jobject receiver, jstring type, jstring parent, jstring name) {
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1queryObject(JNIEnv* env,
+                                                                                 jobject receiver,
+                                                                                 jstring type, jstring parent,
+                                                                                 jstring name) {
     return entryPoint(env, jobject{}, [&] {
         UtfStrings utf{env};
         const ObjectId id{utf, type, parent, name};
@@ -116,19 +121,22 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1queryObject
     });
 }
 
-JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1validateObject(
-    JNIEnv* env, jobject receiver, jstring type, jobject value) {
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1validateObject(JNIEnv* env,
+                                                                                    jobject receiver,
+                                                                                    jstring type,
+                                                                                    jobject value) {
     return validatingEntryPoint(env, jobject{}, [&] {
         UtfStrings utf{env};
         const std::string nativeType = identifier(utf, type);
-        return requestWithValue(env, receiver, utf, value, [&](const Value* tree) {
-            return Service::validateObject(nativeType, tree);
-        });
+        return requestWithValue(env, receiver, utf, value,
+                                [&](const Value* tree) { return Service::validateObject(nativeType, tree); });
     });
 }
 
-JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1getNamesofObject(
-    JNIEnv* env, jobject receiver, jstring type, jstring parent) {
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1getNamesofObject(JNIEnv* env,
+                                                                                      jobject receiver,
+                                                                                      jstring type,
+                                                                                      jstring parent) {
     return entryPoint(env, jobject{}, [&] {
         UtfStrings utf{env};
         const std::string nativeType = identifier(utf, type);
@@ -177,8 +185,9 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1setAdminSta
     });
 }
 
-JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1getOpState(
-    JNIEnv* env, jobject receiver, jstring type, jstring parent, jstring name) {
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1getOpState(JNIEnv* env, jobject receiver,
+                                                                                jstring type, jstring parent,
+                                                                                jstring name) {
     return entryPoint(env, jobject{}, [&] {
         UtfStrings utf{env};
         const ObjectId id{utf, type, parent, name};
@@ -189,8 +198,10 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1getOpState(
     });
 }
 
-JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1setOpState(
-    JNIEnv* env, jobject receiver, jstring type, jstring parent, jstring name, jobject javaState) {
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1setOpState(JNIEnv* env, jobject receiver,
+                                                                                jstring type, jstring parent,
+                                                                                jstring name,
+                                                                                jobject javaState) {
     return entryPoint(env, jobject{}, [&] {
         UtfStrings utf{env};
         const ObjectId id{utf, type, parent, name};

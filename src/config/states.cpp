@@ -13,7 +13,7 @@ template <Literal Class, typename NativeEnum>
 jobject constantByName(JNIEnv* env, const char* const* names, NativeEnum value) {
     const StaticMethod<"valueOf", Literal{"(Ljava/lang/String;)L"} + Class + Literal{";"}> valueOf{
         env, findClass(env, Class.text)};
-    return valueOf(env->NewStringUTF(names[static_cast<std::int32_t>(value)]));
+    return valueOf(notNull(env->NewStringUTF(names[static_cast<std::int32_t>(value)])));
 }
 
 jint numberOf(JNIEnv* env, jobject state) {

@@ -12,8 +12,8 @@
 // The values of configuration objects. Bridge and platform compile against this one header: the fields, their
 // order and the order of the virtual functions are part of the binary interface.
 //
-// A tree is used by one thread at a time. Trees of any depth are copied and destroyed without recursion, since
-// they do so on the Java caller's thread, whose stack may be small.
+// A tree is used by one thread at a time. Trees of any depth are copied and destroyed without recursion,
+// since they do so on the Java caller's thread, whose stack may be small.
 
 namespace talvern::config {
 
@@ -111,7 +111,8 @@ auto* exactly(AnyValue* value) {
 class Dismantled {
   public:
     /// Nothing, if `value` is neither a structure nor a list.
-    explicit Dismantled(Value* value) : struct_{exactly<StructValue>(value)}, array_{exactly<ArrayValue>(value)} {}
+    explicit Dismantled(Value* value)
+        : struct_{exactly<StructValue>(value)}, array_{exactly<ArrayValue>(value)} {}
 
     /// Readies the list, so that its first element is the one to drop cheaply.
     void start() {
@@ -181,7 +182,8 @@ std::unique_ptr<Value> copyWithoutChildren(const Kind& source, Uncopied& uncopie
 
 inline std::unique_ptr<Value> copyOfChild(const Value* source, Uncopied& uncopied) {
     if (source == nullptr) return nullptr;
-    if (const auto* structure = exactly<StructValue>(source)) return copyWithoutChildren(*structure, uncopied);
+    if (const auto* structure = exactly<StructValue>(source))
+        return copyWithoutChildren(*structure, uncopied);
     if (const auto* array = exactly<ArrayValue>(source)) return copyWithoutChildren(*array, uncopied);
     return std::unique_ptr<Value>{source->clone()};
 }

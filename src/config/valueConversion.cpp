@@ -19,9 +19,9 @@ namespace {
 
 constexpr std::size_t maxLevels = 1000;
 
-/// Converts a tree depth first, with a stack of its own: recursion could overflow that of the Java thread, which
-/// would end the JVM. `Steps` gives the types of a value before and after, of a structure or list that is being
-/// filled, and what to do with them:
+/// Converts a tree depth first, with a stack of its own: recursion could overflow that of the Java thread,
+/// which would end the JVM. `Steps` gives the types of a value before and after, of a structure or list that
+/// is being filled, and what to do with them:
 /// - begin: converts a value without children, or opens one that may have some
 /// - next: its next child, or nothing
 /// - store: puts a converted child into it
@@ -56,17 +56,19 @@ class Lazy {
   public:
     template <typename... Arguments>
     const Members& get(Arguments... arguments) {
-        return members_ ? *members_ : members_.emplace(arguments...);
+        if (members_ == nullptr) members_ = std::make_unique<Members>(arguments...);
+        return *members_;
     }
 
   private:
-    std::optional<Members> members_;
+    std::unique_ptr<const Members> members_;
 };
 
 // What native values become.
 
 struct NewSimpleValues {
-    explicit NewSimpleValues(JNIEnv* env) : create{env, findClass(env, "com/kvo/talvern/config/SimpleValue")} {}
+    explicit NewSimpleValues(JNIEnv* env)
+        : create{env, findClass(env, "com/kvo/talvern/config/SimpleValue")} {}
 
     Constructor<"(Ljava/lang/String;Z)V"> create;
 };
@@ -109,7 +111,7 @@ class ToJava {
     jobject begin(const Value* source, std::vector<Container>& open) {
         if (const auto* simple = dynamic_cast<const SimpleValue*>(source)) {
             const NewSimpleValues& java = simple_.get(env_);
-            return java.create(toJavaString(env_, simple->value), simple->mu);
+            return java.create(notNull(toJavaString(env_, simple->value)), simple->mu);
         }
         if (const auto* structure = dynamic_cast<const StructValue*>(source)) {
             jobject value = structs_.get(env_).create(structure->mu);
@@ -128,7 +130,7 @@ class ToJava {
         }
         if (parent.nextMember == parent.structure->members.end()) return {};
         const auto& [key, child] = *parent.nextMember++;
-        parent.key = toJavaString(env_, key);
+        parent.key = notNull(toJavaString(env_, key));
         return child;
     }
 
@@ -149,8 +151,8 @@ class ToJava {
     Lazy<NewArrayValues> arrays_;
 };
 
-// What is read from Java values. Those of sets, iterators and map entries are looked up on the interfaces: what is
-// looked up on the class of one iterator is not valid on another's.
+// What is read from Java values. Those of sets, iterators and map entries are looked up on the interfaces:
+// what is looked up on the class of one iterator is not valid on another's.
 
 struct SimpleValueMembers {
     SimpleValueMembers(JNIEnv* env, jclass javaClass) : getMU{env, javaClass}, getValue{env, javaClass} {}
