@@ -1,9 +1,9 @@
 #include "platform/configService.h"
 
 #include <algorithm>
-#include <compare>
 #include <map>
 #include <memory>
+#include <tuple>
 
 #include "configTypes.h"
 #include "memory.h"
@@ -24,7 +24,9 @@ namespace {
 struct Key {
     std::string type, parent, name;
 
-    auto operator<=>(const Key&) const = default;
+    bool operator<(const Key& other) const {
+        return std::tie(type, parent, name) < std::tie(other.type, other.parent, other.name);
+    }
 };
 
 struct Object {

@@ -43,7 +43,7 @@ void fill(pugi::xml_node element, const Value& value, Unfilled& unfilled) {
 std::string Value::asXML() const {
     pugi::xml_document document;
     Unfilled unfilled;
-    append(document, this, unfilled);
+    append(document.root(), this, unfilled);
     while (!unfilled.empty()) {
         const auto [value, element] = unfilled.back();
         unfilled.pop_back();

@@ -12,6 +12,7 @@ public final class Demo {
      */
     public static void main(String[] arguments) {
         nodeName();
+        ConfigDemo.run();
     }
 
     private static void nodeName() {
