@@ -30,9 +30,9 @@ std::unique_ptr<Value> deepTree(int levels) {
     return tree;
 }
 
-class DepthTest : public BridgeTest {};
+class LargeDepthTest : public LargeTest {};
 
-TEST_F(DepthTest, AnyDepthOnAnyStackGivesAResultOrAClearException) {
+TEST_F(LargeDepthTest, AnyDepthOnAnyStackGivesAResultOrAClearException) {
     std::unique_ptr<Value> handedOut;
     ON_CALL(mock<ConfigServiceMock>(), queryObject)
         .WillByDefault([&](const std::string& levels, const auto&, const auto&, Value** tree) {
@@ -43,7 +43,7 @@ TEST_F(DepthTest, AnyDepthOnAnyStackGivesAResultOrAClearException) {
     EXPECT_EQ(runJava("Depth", "surprises"), "");
 }
 
-TEST_F(DepthTest, CopiesAndDestroysAnyDepthOnTheSmallestStack) {
+TEST_F(LargeDepthTest, CopiesAndDestroysAnyDepthOnTheSmallestStack) {
     std::function<void()> work = [] {
         for (const int levels : {1, 1000, 100'000}) {
             const std::unique_ptr<Value> tree = deepTree(levels);
