@@ -1,7 +1,6 @@
 #include "platform/nodeName.h"
 
-#include <algorithm>
-
+#include "addresses.h"
 #include "memory.h"
 
 namespace {
@@ -12,15 +11,6 @@ struct State {
     std::string name = "talvern";
 };
 Memory<State> memory;
-
-bool isHostName(const std::string& name) {
-    const auto isAllowed = [](char c) {
-        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-' ||
-               c == '.';
-    };
-    return !name.empty() && name.size() <= 253 && name.front() != '-' && name.back() != '-' &&
-           std::all_of(name.begin(), name.end(), isAllowed);
-}
 
 }  // namespace
 

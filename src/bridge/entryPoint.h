@@ -40,6 +40,13 @@ Result entryPoint(JNIEnv* env, Result failureValue, Body body) noexcept {
     return failureValue;
 }
 
+/// The same for native methods whose failure value is a text: made last, while the Java exception is pending.
+template <typename Body>
+jstring entryPoint(JNIEnv* env, const char* failureText, Body body) noexcept {
+    jstring result = entryPoint(env, jstring{}, body);
+    return result != nullptr ? result : env->NewStringUTF(failureText);
+}
+
 /// The same for native methods that return nothing.
 template <typename Body>
 void entryPoint(JNIEnv* env, Body body) noexcept {

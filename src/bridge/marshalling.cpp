@@ -13,10 +13,9 @@ std::string toNativeString(JNIEnv* env, jstring string) {
 std::vector<std::string> toNativeStringList(JNIEnv* env, jobjectArray strings) {
     const jsize length = lengthOf(env, strings);
     std::vector<std::string> list;
+    list.reserve(static_cast<std::size_t>(length));
     for (jsize i = 0; i < length; ++i) {
-        auto* element = static_cast<jstring>(env->GetObjectArrayElement(strings, i));
-        if (element == nullptr) throw std::invalid_argument{"null array element"};
-        list.push_back(toNativeString(env, element));
+        list.push_back(toNativeString(env, elementOf(env, strings, i)));
     }
     return list;
 }
@@ -24,6 +23,12 @@ std::vector<std::string> toNativeStringList(JNIEnv* env, jobjectArray strings) {
 jsize lengthOf(JNIEnv* env, jobjectArray array) {
     if (array == nullptr) throw std::invalid_argument{"null array argument"};
     return env->GetArrayLength(array);
+}
+
+jstring elementOf(JNIEnv* env, jobjectArray strings, jsize index) {
+    auto* element = static_cast<jstring>(env->GetObjectArrayElement(strings, index));
+    if (element == nullptr) throw std::invalid_argument{"null array element"};
+    return element;
 }
 
 jsize toJavaSize(std::size_t size) {

@@ -27,6 +27,10 @@ std::vector<std::string> toNativeStringList(JNIEnv* env, jobjectArray strings);
 /// @throws std::invalid_argument  `array` is null
 jsize lengthOf(JNIEnv* env, jobjectArray array);
 
+/// One string of a `String[]`, an argument from Java.
+/// @throws std::invalid_argument  it is null
+jstring elementOf(JNIEnv* env, jobjectArray strings, jsize index);
+
 /// `size` as the JNI counts.
 /// @throws std::length_error  no Java array can have so many elements
 jsize toJavaSize(std::size_t size);

@@ -5,7 +5,8 @@
 class FwUpgradeProgressCallback;
 
 // All that outlives a call: what a firmware upgrade needs to report its progress to Java. Null until the
-// first upgrade with a callback, then kept until the process ends.
+// first upgrade with a callback, then kept until the process ends. Only
+// lifecycle/FwUpgradeProgressCallback.cpp uses them, under its mutex.
 
 /// The virtual machine, through which a thread of the platform reaches Java.
 JNIEXPORT extern JavaVM* g_vm;

@@ -12,6 +12,13 @@ public final class Demo {
      */
     public static void main(String[] arguments) {
         nodeName();
+        NetworkDemo.run();
+        HardwareDemo.run();
+        UsersDemo.run();
+        CaptureDemo.run();
+        ServicesDemo.run();
+        ApplianceDemo.run();
+        LifecycleDemo.run();
         ConfigDemo.run();
     }
 

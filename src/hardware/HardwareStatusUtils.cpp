@@ -1,0 +1,173 @@
+#include <jni.h>
+
+#include <cstdint>
+#include <vector>
+
+#include "bridge/entryPoint.h"
+#include "bridge/marshalling.h"
+#include "hardware/readList.h"
+#include "hardware/sensors.h"
+#include "hardware/storage.h"
+#include "platform/statusUtils.h"
+
+namespace statusUtils = talvern::statusUtils;
+
+namespace {
+
+/// A `HashMap` of what `read` delivers; null if it fails or delivers nothing.
+jobject readUsage(JNIEnv* env, bool (*read)(std::vector<statusUtils::CPUUsage>&)) {
+    const JavaHashMaps maps{env};
+    const Constructor<"(I)V"> toInteger{env, findClass(env, "java/lang/Integer")};
+    jobject map = notNull(maps.create());
+
+    const std::vector<statusUtils::CPUUsage> usage = readList(read);
+    if (usage.empty()) return nullptr;
+    for (const auto& [key, percent] : usage) {
+        jobject javaPercent = toInteger(percent);
+        jobject javaKey = toInteger(key);
+        maps.put(map, javaKey, javaPercent);
+    }
+    return map;
+}
+
+struct Memory {
+    std::uint32_t total = 0;
+    std::uint32_t free = 0;
+};
+
+/// One amount of memory, bit for bit; -1 if the reading fails.
+jint readMemory(std::uint32_t Memory::*amount) {
+    Memory memory;
+    const bool wasRead = statusUtils::getMemoryUse(memory.total, memory.free);
+    return wasRead ? static_cast<jint>(memory.*amount) : -1;
+}
+
+/// One time of the battery in milliseconds since 1970; -1 if it is unknown or the reading fails.
+jlong readBatteryTime(std::int32_t statusUtils::BatteryStatus::*time) {
+    statusUtils::BatteryStatus battery{};
+    if (!statusUtils::getBatteryStatus(battery) || battery.*time == 0) return -1;
+    return jlong{battery.*time} * 1000;
+}
+
+/// Whether the service is ready now.
+jboolean isReady(bool (*ask)(statusUtils::ServiceStatus, std::int32_t), jint service) {
+    return toJavaBoolean(ask(static_cast<statusUtils::ServiceStatus>(service), 0));
+}
+
+}  // namespace
+
+extern "C" {
+
+JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getFanStatus(JNIEnv* env,
+                                                                                                 jobject) {
+    return entryPoint(env, jobjectArray{}, [&] { return readSensors(env, statusUtils::getFanStatus); });
+}
+
+JNIEXPORT jobjectArray JNICALL
+Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getTemperatureStatus(JNIEnv* env, jobject) {
+    return entryPoint(env, jobjectArray{}, [&] { return readSensors(env, statusUtils::getTempStatus); });
+}
+
+JNIEXPORT jobjectArray JNICALL
+Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getPowerStatus(JNIEnv* env, jobject) {
+    return entryPoint(env, jobjectArray{}, [&] { return readSensors(env, statusUtils::getPowerStatus); });
+}
+
+JNIEXPORT jobjectArray JNICALL
+Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getVoltageStatus(JNIEnv* env, jobject) {
+    return entryPoint(env, jobjectArray{}, [&] { return readSensors(env, statusUtils::getVoltageStatus); });
+}
+
+JNIEXPORT jobjectArray JNICALL
+Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getRaidVolumes(JNIEnv* env, jobject) {
+    return entryPoint(env, jobjectArray{}, [&] { return readRaidVolumes(env); });
+}
+
+JNIEXPORT jobjectArray JNICALL
+Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getRaidPhysicalDiskStatus(JNIEnv* env, jobject) {
+    return entryPoint(env, jobjectArray{}, [&] { return readDiskSnapShots(env); });
+}
+
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getCPUUsage(JNIEnv* env,
+                                                                                           jobject) {
+    return entryPoint(env, jobject{}, [&] { return readUsage(env, statusUtils::getCPUUsage); });
+}
+
+JNIEXPORT jobject JNICALL
+Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getCPUDetailedUsage(JNIEnv* env, jobject) {
+    return entryPoint(env, jobject{}, [&] { return readUsage(env, statusUtils::getCPUDetailedUsage); });
+}
+
+JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getTotalMemory(JNIEnv* env,
+                                                                                           jobject) {
+    return entryPoint(env, jint{-1}, [] { return readMemory(&Memory::total); });
+}
+
+JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getFreeMemory(JNIEnv* env,
+                                                                                          jobject) {
+    return entryPoint(env, jint{-1}, [] { return readMemory(&Memory::free); });
+}
+
+JNIEXPORT jlong JNICALL Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getUptime(JNIEnv* env, jobject) {
+    return entryPoint(env, jlong{-1}, [] { return statusUtils::getUptime(); });
+}
+
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getFlashStatus(JNIEnv* env,
+                                                                                              jobject) {
+    return entryPoint(env, jobject{}, [&]() -> jobject {
+        const Constructor<"(II)V"> create{env, findClass(env, "com/kvo/talvern/appliance/FlashVolume")};
+        statusUtils::FlashStatus flash{};
+        if (statusUtils::getFlashStatus(flash) == -1) return nullptr;
+        return create(flash.size, flash.used);
+    });
+}
+
+JNIEXPORT jlong JNICALL
+Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getBatteryInstallationTime(JNIEnv* env, jobject) {
+    return entryPoint(env, jlong{-1}, [] { return readBatteryTime(&statusUtils::BatteryStatus::installed); });
+}
+
+JNIEXPORT jlong JNICALL
+Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getBatteryExpirationTime(JNIEnv* env, jobject) {
+    return entryPoint(env, jlong{-1}, [] { return readBatteryTime(&statusUtils::BatteryStatus::expires); });
+}
+
+JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_HardwareStatusUtils__1batteryReplaced(JNIEnv* env,
+                                                                                                jobject) {
+    return entryPoint(env, jboolean{JNI_FALSE}, [] { return toJavaBoolean(statusUtils::batteryReplaced()); });
+}
+
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getIntrusionStatus(JNIEnv* env,
+                                                                                                  jobject) {
+    return entryPoint(env, jobject{}, [&] {
+        using IntrusionStatus = JavaEnum<"com/kvo/talvern/appliance/HardwareStatusUtils$IntrusionStatus">;
+        const JavaEnumConstants constants = IntrusionStatus{env}.constants();
+        // The constants start at -1. Added without sign: the platform may answer any number.
+        const auto state = static_cast<std::uint32_t>(statusUtils::getIntrusionStatus());
+        return constants.at(static_cast<jint>(state + 1));
+    });
+}
+
+JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_HardwareStatusUtils__1clearIntrusionStatus(JNIEnv* env,
+                                                                                                 jobject) {
+    return entryPoint(env, jint{-1}, [] { return statusUtils::clearIntrusionStatus(); });
+}
+
+JNIEXPORT void JNICALL Java_com_kvo_talvern_appliance_HardwareStatusUtils__1setLocateLED(JNIEnv* env, jobject,
+                                                                                         jboolean on) {
+    entryPoint(env, [&] { statusUtils::setLocateLED(on != JNI_FALSE); });
+}
+
+JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_HardwareStatusUtils__1isServiceReady(JNIEnv* env,
+                                                                                               jobject,
+                                                                                               jint service) {
+    return entryPoint(env, jboolean{JNI_FALSE},
+                      [&] { return isReady(statusUtils::isServiceReady, service); });
+}
+
+JNIEXPORT jboolean JNICALL
+Java_com_kvo_talvern_appliance_HardwareStatusUtils__1isNetServiceReady(JNIEnv* env, jobject, jint service) {
+    return entryPoint(env, jboolean{JNI_FALSE},
+                      [&] { return isReady(statusUtils::isNetServiceReady, service); });
+}
+}

@@ -1,0 +1,120 @@
+#include "lifecycle/FwUpgradeProgressCallback.h"
+
+#include <algorithm>
+#include <mutex>
+#include <string>
+
+#include "bridge/marshalling.h"
+#include "bridge/processState.h"
+#include "lifecycle/platformThread.h"
+
+namespace {
+
+/// Guards the process-wide variables. Never held while Java code runs: that may start another upgrade.
+std::mutex stateMutex;
+
+JavaVM* vmOfRegisteredCallback() {
+    const std::lock_guard lock{stateMutex};
+    return sJCallback == nullptr ? nullptr : g_vm;
+}
+
+/// A reference of the report's own: another upgrade may replace the global one at any time.
+jobject toLocalReference(JNIEnv* env) {
+    const std::lock_guard lock{stateMutex};
+    return notNull(env->NewLocalRef(sJCallback));
+}
+
+/// The local references of one report: a platform thread never returns to Java, which would free them.
+class LocalFrame {
+  public:
+    explicit LocalFrame(JNIEnv* env) : env_{env} {
+        if (env->PushLocalFrame(16) != 0) throw PendingJavaException{};
+    }
+    ~LocalFrame() { env_->PopLocalFrame(nullptr); }
+    LocalFrame(const LocalFrame&) = delete;
+    LocalFrame& operator=(const LocalFrame&) = delete;
+    LocalFrame(LocalFrame&&) = delete;
+    LocalFrame& operator=(LocalFrame&&) = delete;
+
+  private:
+    JNIEnv* env_;
+};
+
+struct Classes {
+    jclass callback = nullptr;
+    jclass code = nullptr;
+};
+
+constexpr auto callbackName = "com/kvo/talvern/firmwaremanager/FirmwareManagerUtils$UpgradeCallback";
+constexpr auto codeName = "com/kvo/talvern/firmwaremanager/UpgradeCode";
+
+jclass loadClass(JNIEnv* env, jobject loader, std::string name) {
+    std::replace(name.begin(), name.end(), '/', '.');
+    jstring javaName = notNull(toJavaString(env, name));
+    jobject found = call<"loadClass", "(Ljava/lang/String;)Ljava/lang/Class;">(env, loader, javaName);
+    return static_cast<jclass>(notNull(found));
+}
+
+/// The classes that `callback` itself was compiled with. On a platform thread FindClass asks the system class
+/// loader, which may not know them, or know other classes of the same names.
+Classes classesOf(JNIEnv* env, jobject callback) {
+    Classes found;
+    found.callback = env->FindClass(callbackName);
+    if (found.callback != nullptr && env->IsInstanceOf(callback, found.callback) == JNI_TRUE) {
+        found.code = env->FindClass(codeName);
+        if (found.code != nullptr) return found;
+    }
+    env->ExceptionClear();
+    jobject loader = call<"getClassLoader", "()Ljava/lang/ClassLoader;">(env, classOf(env, callback));
+    found.callback = loadClass(env, loader, callbackName);
+    found.code = loadClass(env, loader, codeName);
+    return found;
+}
+
+void report(JNIEnv* env, jint done, jint total, FwUpgradeCode code) {
+    const LocalFrame frame{env};
+    jobject callback = toLocalReference(env);
+    const Classes classes = classesOf(env, callback);
+    const Method<"progress", "(IILcom/kvo/talvern/firmwaremanager/UpgradeCode;)V"> progress{env,
+                                                                                            classes.callback};
+    const StaticMethod<"values", "()[Lcom/kvo/talvern/firmwaremanager/UpgradeCode;"> values{env,
+                                                                                            classes.code};
+    jobject javaCode = notNull(JavaEnumConstants{env, values()}.at(static_cast<jint>(code)));
+    progress(callback, done, total, javaCode);
+}
+
+}  // namespace
+
+void FwUpgradeProgressCallback::progress(int done, int total, FwUpgradeCode code) {
+    JNIEnv* env = nullptr;
+    try {
+        JavaVM* vm = vmOfRegisteredCallback();
+        if (vm == nullptr) return;
+        env = attachCurrentThread(vm);
+        if (env == nullptr || env->ExceptionCheck() == JNI_TRUE) return;
+        report(env, done, total, code);
+    } catch (...) {
+        // The report is dropped: the platform could do nothing about it, nor could Java on this thread.
+        if (env != nullptr) env->ExceptionClear();
+    }
+}
+
+talvern::firmwareManagerUtils::UpgradeCallback* registerCallback(JNIEnv* env, jobject callback) {
+    const std::lock_guard lock{stateMutex};
+    if (g_vm == nullptr) {
+        JavaVM* vm = nullptr;
+        if (env->GetJavaVM(&vm) == 0) {
+            sFwCallback = new FwUpgradeProgressCallback;
+            g_vm = vm;
+        }
+    }
+    if (sJCallback != nullptr) env->DeleteGlobalRef(sJCallback);
+    sJCallback = env->NewGlobalRef(callback);
+    notNull(sJCallback);
+    return sFwCallback;
+}
+
+talvern::firmwareManagerUtils::UpgradeCallback* registeredCallback() {
+    const std::lock_guard lock{stateMutex};
+    return sFwCallback;
+}

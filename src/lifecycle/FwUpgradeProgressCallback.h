@@ -1,0 +1,22 @@
+#pragma once
+
+#include <jni.h>
+
+#include "platform/firmwareManagerUtils.h"
+
+/// Passes what the platform reports of an upgrade on to the Java callback that was registered last. A report
+/// is dropped if there is none, if Java cannot be reached, or if a Java exception is pending on the thread;
+/// what the Java callback throws stays pending there.
+class JNIEXPORT FwUpgradeProgressCallback : public talvern::firmwareManagerUtils::UpgradeCallback {
+  public:
+    void progress(int done, int total, FwUpgradeCode code) override;
+};
+
+/// Makes `callback` the one that all reports go to from now on, also those of earlier upgrades. Keeps a
+/// global reference to it and lets go of the one before. Returns what the platform is to report to; null if
+/// the JVM gave no access to itself.
+/// @throws PendingJavaException  the JVM has no memory for the reference; no callback is registered then
+talvern::firmwareManagerUtils::UpgradeCallback* registerCallback(JNIEnv* env, jobject callback);
+
+/// What the platform is to report to when no new callback is given; null before the first one.
+talvern::firmwareManagerUtils::UpgradeCallback* registeredCallback();

@@ -1,0 +1,7 @@
+#pragma once
+
+#include <jni.h>
+
+/// The current thread's environment; null if Java cannot be reached, or if the process has begun to end.
+/// A thread that Java does not know is attached as a daemon and stays so; when it ends, it is detached.
+JNIEnv* attachCurrentThread(JavaVM* vm);

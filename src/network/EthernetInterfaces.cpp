@@ -1,0 +1,154 @@
+#include "platform/ethernetInterfaces.h"
+
+#include <jni.h>
+
+#include <memory>
+
+#include "bridge/entryPoint.h"
+#include "bridge/marshalling.h"
+#include "bridge/utfStrings.h"
+#include "network/keyValPair.h"
+
+using talvern::types::InterfaceStatus;
+using talvern::types::KeyValPair;
+
+namespace {
+
+/// What the changing methods return where the platform could not be asked, or threw.
+constexpr jint interfaceFailure = 112;
+
+/// The status that `read` gives of the interface, as a Java object; null if it gives none.
+jobject getStatus(JNIEnv* env, jstring name, InterfaceStatus* (*read)(std::string)) {
+    return entryPoint(env, jobject{}, [&]() -> jobject {
+        const JavaHashMaps maps{env};
+        const Constructor<"(Ljava/lang/String;ZZ[Ljava/util/Map;)V"> create{
+            env, findClass(env, "com/kvo/talvern/appliance/EthernetInterfaceStatus")};
+        const InterfaceStatus* status = read(toNativeString(env, name));
+        if (status == nullptr) return nullptr;
+        jobjectArray details = nullptr;
+        if (!status->details.empty()) {
+            details = toJavaHashMapArray(env, status->details, maps, "details of an interface");
+        }
+        return create(name, status->isEnabled, status->isUp, details);
+    });
+}
+
+/// Changes an address that one text says all about: a virtual one of the loopback interface, or the hardware
+/// address that an interface has built in.
+jint changeAddress(JNIEnv* env, jstring text, std::int32_t (*change)(std::string)) {
+    return entryPoint(env, interfaceFailure, [&] {
+        UtfStrings utf{env};
+        return change(utf.take(text));
+    });
+}
+
+/// Changes an address for which the platform is told both the interface and the address.
+jint changeAddress(JNIEnv* env, jstring first, jstring second,
+                   std::int32_t (*change)(std::string, std::string)) {
+    return entryPoint(env, interfaceFailure, [&] {
+        UtfStrings utf{env};
+        const char* firstText = utf.take(first);
+        const char* secondText = utf.take(second);
+        return change(firstText, secondText);
+    });
+}
+
+}  // namespace
+
+extern "C" {
+
+JNIEXPORT jobjectArray JNICALL
+Java_com_kvo_talvern_appliance_EthernetInterfaces__1getInterfaceNames(JNIEnv* env, jobject) {
+    return entryPoint(env, jobjectArray{}, [&] {
+        const std::unique_ptr<const std::vector<std::string>> names{
+            talvern::ethernetInterfaces::getInterfaceNames()};
+        return names == nullptr ? toJavaStringArray(env, {}) : toJavaStringArray(env, *names);
+    });
+}
+
+JNIEXPORT jobjectArray JNICALL
+Java_com_kvo_talvern_appliance_EthernetInterfaces__1getEthernetInterfaces(JNIEnv* env, jobject) {
+    return entryPoint(env, jobjectArray{}, [&] {
+        std::vector<KeyValPair*> interfaces;
+        const bool wereRead = talvern::ethernetInterfaces::getInterfaces(interfaces);
+        return wereRead ? toJavaHashMapArray(env, interfaces, JavaHashMaps{env}, "interfaces") : nullptr;
+    });
+}
+
+JNIEXPORT jobject JNICALL
+Java_com_kvo_talvern_appliance_EthernetInterfaces__1getEthernetInterface(JNIEnv* env, jobject, jstring name) {
+    return entryPoint(env, jobject{}, [&]() -> jobject {
+        const std::string nativeName = toNativeString(env, name);
+        const JavaHashMaps maps{env};
+        jobject map = maps.create();
+        const KeyValPair* attributes = talvern::ethernetInterfaces::getInterface(nativeName);
+        if (attributes == nullptr) return nullptr;
+        putAll(env, *attributes, maps, map);
+        return map;
+    });
+}
+
+JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_EthernetInterfaces__1setEthernetInterface(
+    JNIEnv* env, jobject, jobjectArray keys, jobjectArray values) {
+    return entryPoint(env, interfaceFailure, [&] {
+        KeyValPair attributes;
+        const bool isComplete = toKeyValPair(env, keys, values, attributes);
+        return isComplete ? talvern::ethernetInterfaces::setInterface(attributes) : interfaceFailure;
+    });
+}
+
+JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_EthernetInterfaces__1clearEthernetInterface(
+    JNIEnv* env, jobject, jstring name) {
+    return entryPoint(env, interfaceFailure,
+                      [&] { return talvern::ethernetInterfaces::clearInterface(toNativeString(env, name)); });
+}
+
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_appliance_EthernetInterfaces__1getEthernetInterfaceStatus(
+    JNIEnv* env, jobject, jstring name) {
+    return getStatus(env, name, talvern::ethernetInterfaces::getInterfaceStatus);
+}
+
+JNIEXPORT jobject JNICALL
+Java_com_kvo_talvern_appliance_EthernetInterfaces__1getAggregateStatus(JNIEnv* env, jobject, jstring name) {
+    return getStatus(env, name, talvern::ethernetInterfaces::getAggregateStatus);
+}
+
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_appliance_EthernetInterfaces__1getVLANStatus(JNIEnv* env,
+                                                                                            jobject,
+                                                                                            jstring name) {
+    return getStatus(env, name, talvern::ethernetInterfaces::getVLANStatus);
+}
+
+JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_EthernetInterfaces__1addVIPToInterface(JNIEnv* env,
+                                                                                             jobject,
+                                                                                             jstring first,
+                                                                                             jstring second) {
+    return changeAddress(env, first, second, talvern::ethernetInterfaces::addVIPToInterface);
+}
+
+JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_EthernetInterfaces__1removeVIPFromInterface(
+    JNIEnv* env, jobject, jstring first, jstring second) {
+    return changeAddress(env, first, second, talvern::ethernetInterfaces::removeVIPFromInterface);
+}
+
+JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_EthernetInterfaces__1setHWAddressImmediate(
+    JNIEnv* env, jobject, jstring first, jstring second) {
+    return changeAddress(env, first, second, talvern::ethernetInterfaces::setHWAddressImmediate);
+}
+
+JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_EthernetInterfaces__1addVIPToLoopback(JNIEnv* env,
+                                                                                            jobject,
+                                                                                            jstring address) {
+    return changeAddress(env, address, talvern::ethernetInterfaces::addVIPToLoopback);
+}
+
+JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_EthernetInterfaces__1removeVIPFromLoopback(
+    JNIEnv* env, jobject, jstring address) {
+    return changeAddress(env, address, talvern::ethernetInterfaces::removeVIPFromLoopback);
+}
+
+JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_EthernetInterfaces__1resetHWAddressImmediate(
+    JNIEnv* env, jobject, jstring name) {
+    return changeAddress(env, name, talvern::ethernetInterfaces::resetHWAddressImmediate);
+}
+}

@@ -1,0 +1,43 @@
+#include "platform/hostsUtils.h"
+
+#include <jni.h>
+
+#include "bridge/entryPoint.h"
+#include "bridge/marshalling.h"
+#include "platform/log.h"
+
+extern "C" {
+
+JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_appliance_HostsUtils__1getAddresses(JNIEnv* env,
+                                                                                        jobject) {
+    return entryPoint(env, jobjectArray{}, [&] {
+        return toJavaStringArray(env, talvern::hostsUtils::getAddresses(), [](const std::string& address) {
+            talvern::log::trace(7, "Address in JNI is %s", address.c_str());
+        });
+    });
+}
+
+JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_appliance_HostsUtils__1getHostnames(JNIEnv* env, jobject,
+                                                                                        jstring address) {
+    return entryPoint(env, jobjectArray{}, [&] {
+        return toJavaStringArray(env, talvern::hostsUtils::getHostnames(toNativeString(env, address)));
+    });
+}
+
+JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_HostsUtils__1setHostnames(JNIEnv* env, jobject,
+                                                                                    jstring address,
+                                                                                    jobjectArray hostnames) {
+    return entryPoint(env, jboolean{JNI_FALSE}, [&] {
+        const std::string nativeAddress = toNativeString(env, address);
+        const auto list = toNativeStringList(env, hostnames);
+        return toJavaBoolean(talvern::hostsUtils::setHostnames(nativeAddress, list));
+    });
+}
+
+JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_HostsUtils__1deleteHostnames(JNIEnv* env, jobject,
+                                                                                       jstring address) {
+    return entryPoint(env, jboolean{JNI_FALSE}, [&] {
+        return toJavaBoolean(talvern::hostsUtils::deleteHostnames(toNativeString(env, address)));
+    });
+}
+}

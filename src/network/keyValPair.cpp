@@ -1,0 +1,43 @@
+#include "network/keyValPair.h"
+
+#include <string>
+
+#include "bridge/requireRecords.h"
+#include "bridge/utfStrings.h"
+
+using talvern::types::KeyValPair;
+
+void putAll(JNIEnv* env, const KeyValPair& attributes, const JavaHashMaps& maps, jobject map) {
+    for (const auto& [key, value] : attributes.pairs) {
+        jstring javaKey = toJavaString(env, key);
+        jstring javaValue = toJavaString(env, value);
+        maps.put(map, javaKey, javaValue);
+    }
+}
+
+jobject toJavaHashMap(JNIEnv* env, const KeyValPair& attributes, const JavaHashMaps& maps) {
+    jobject map = maps.create();
+    putAll(env, attributes, maps, map);
+    return map;
+}
+
+jobjectArray toJavaHashMapArray(JNIEnv* env, const std::vector<KeyValPair*>& records,
+                                const JavaHashMaps& maps, const char* listName) {
+    requireRecords(records, listName);
+    return toJavaArray(env, maps.javaClass(), maps.create(), records,
+                       [&](const KeyValPair* record) { return toJavaHashMap(env, *record, maps); });
+}
+
+bool toKeyValPair(JNIEnv* env, jobjectArray keys, jobjectArray values, KeyValPair& attributes) {
+    const jsize length = lengthOf(env, keys);
+    if (lengthOf(env, values) != length) return false;
+    for (jsize i = 0; i < length; ++i) {
+        jstring javaKey = elementOf(env, keys, i);
+        jstring javaValue = elementOf(env, values, i);
+        UtfStrings utf{env};
+        const char* key = utf.take(javaKey);
+        const char* value = utf.take(javaValue);
+        attributes.pairs.insert_or_assign(key, value);
+    }
+    return true;
+}

@@ -1,0 +1,406 @@
+#include <algorithm>
+#include <climits>
+#include <dlfcn.h>
+#include <functional>
+#include <semaphore>
+#include <stdexcept>
+#include <thread>
+#include <unistd.h>
+
+#include "mocks/firmwareManagerUtils.h"
+#include "support/bridgeTest.h"
+
+using talvern::firmwareManagerUtils::UpgradeCallback;
+using testing::ElementsAre;
+using testing::ExitedWithCode;
+using testing::IsEmpty;
+using testing::Return;
+using testing::Throw;
+
+namespace {
+
+std::function<unsigned(unsigned)> onSleep;
+
+}  // namespace
+
+/// Takes the place of the C library's in the bridge, too, so that no test waits.
+extern "C" unsigned sleep(unsigned seconds) { return onSleep ? onSleep(seconds) : 0; }
+
+namespace {
+
+constexpr auto javaClass = "firmwaremanager/FirmwareManagerUtils";
+constexpr auto callbackInterface = "com/kvo/talvern/firmwaremanager/FirmwareManagerUtils$UpgradeCallback";
+constexpr auto codeClass = "com/kvo/talvern/firmwaremanager/UpgradeCode";
+
+template <typename Type>
+Type& bridgeVariable(const char* name) {
+    static void* const bridge = dlopen(bridgeLibrary().c_str(), RTLD_NOW | RTLD_NOLOAD);
+    return *static_cast<Type*>(dlsym(bridge, name));
+}
+
+void onThisThread(const std::function<void()>& action) { action(); }
+void onPlatformThread(const std::function<void()>& action) { std::thread{action}.join(); }
+
+/// A thread that Java knows, and one that it does not know.
+const auto bothKindsOfThread = {std::pair{"on the Java thread", &onThisThread},
+                                {"on a platform thread", &onPlatformThread}};
+
+class FirmwareTest : public BridgeTest {
+  protected:
+    FirmwareTest() {
+        forget();
+        onSleep = nullptr;
+        ON_CALL(mock<FirmwareManagerMock>(), upgrade)
+            .WillByDefault([&](const std::string&, bool, bool, UpgradeCallback* callback) {
+                received = callback;
+                return 0;
+            });
+    }
+
+    /// Brings the bridge back to what it was when it was loaded.
+    void forget() {
+        if (registered != nullptr) env->DeleteGlobalRef(registered);
+        delete native;
+        vm = nullptr;
+        registered = nullptr;
+        native = nullptr;
+    }
+
+    jint upgrade(jobject callback) {
+        jstring image = javaString("image");
+        return call(javaClass, "_upgradeFirmware", image, JNI_TRUE, JNI_FALSE, callback).result.i;
+    }
+
+    void report(int done, FwUpgradeCode code = FwUpgradeCode::verifying) {
+        received->progress(done, 2, code);
+    }
+
+    jobject newCallback(const std::string& kind = "") {
+        jclass found = env->FindClass(("com/kvo/talvern/testing/RecordingCallback" + kind).c_str());
+        return env->NewObject(found, env->GetMethodID(found, "<init>", "()V"));
+    }
+
+    /// What the bridge has done about references and the JVM since the last call.
+    std::vector<std::string> stateCalls() {
+        std::vector<std::string> names;
+        for (const JniTable::Call& made : table.calls()) {
+            const std::string name{made.function};
+            if (name == "GetJavaVM" || name.ends_with("GlobalRef")) names.push_back(name);
+        }
+        table.restart();
+        return names;
+    }
+
+    bool isRegistered(jobject callback) { return env->IsSameObject(registered, callback) == JNI_TRUE; }
+
+    JavaVM*& vm = bridgeVariable<JavaVM*>("g_vm");
+    jobject& registered = bridgeVariable<jobject>("sJCallback");
+    UpgradeCallback*& native = bridgeVariable<UpgradeCallback*>("sFwCallback");
+    UpgradeCallback* received = nullptr;  ///< by the platform's latest upgrade
+};
+
+TEST_F(FirmwareTest, PassesTheAnswersOfTheSimpleOperationsOn) {
+    FirmwareManagerMock& platform = mock<FirmwareManagerMock>();
+    for (const auto& [answer, rollbackResult] : {std::pair{0, 0}, {1, 1}, {5, 1}, {-1, 1}}) {
+        EXPECT_CALL(platform, rollback).WillOnce(Return(answer));
+        EXPECT_CALL(platform, deletePrevious).WillOnce(Return(answer));
+        EXPECT_CALL(platform, reflash("image")).WillOnce(Return(answer));
+        EXPECT_EQ(call(javaClass, "_rollbackFirmware").result.i, rollbackResult);
+        EXPECT_EQ(call(javaClass, "_deletePreviousFirmware").result.i, answer);
+        EXPECT_EQ(call(javaClass, "_reflashFirmware", javaString("image")).result.i, answer);
+    }
+    for (const bool answer : {true, false}) {
+        EXPECT_CALL(platform, isReleaseKeyed).WillOnce(Return(answer));
+        EXPECT_EQ(call(javaClass, "_isReleaseKeyed").resultText, answer ? "true" : "false");
+    }
+}
+
+TEST_F(FirmwareTest, TakesAnyByteButZeroForATrueFlag) {
+    for (const auto& [first, second] : {std::pair<jboolean, jboolean>{0, 1}, {2, 0}, {0, 128}}) {
+        EXPECT_CALL(mock<FirmwareManagerMock>(), upgrade("image", first != 0, second != 0, nullptr));
+        call(javaClass, "_upgradeFirmware", javaString("image"), first, second, jobject{});
+    }
+}
+
+TEST_F(FirmwareTest, WaitsThreeSecondsAfterEveryAnswerButNotAfterAnException) {
+    std::vector<unsigned> slept;
+    onSleep = [&](unsigned seconds) {
+        EXPECT_STREQ(table.calls().back().function, "ReleaseStringUTFChars");
+        slept.push_back(seconds);
+        return slept.size() == 1 ? 2U : 0U;  // the first time, a signal wakes the thread
+    };
+    EXPECT_CALL(mock<FirmwareManagerMock>(), upgrade)
+        .WillOnce(Return(0))
+        .WillOnce(Return(7))
+        .WillOnce(Throw(std::runtime_error{"planted"}));
+    EXPECT_EQ(upgrade(nullptr), 0);
+    EXPECT_EQ(upgrade(nullptr), 7);
+    EXPECT_EQ(upgrade(nullptr), -1);
+    EXPECT_EQ(takeThrown(), "com.kvo.talvern.TalvernException: planted");
+    EXPECT_THAT(slept, ElementsAre(3, 2, 3));
+}
+
+TEST_F(FirmwareTest, KeepsOneNativeCallbackAndTheLatestJavaCallback) {
+    upgrade(nullptr);
+    EXPECT_TRUE(received == nullptr && vm == nullptr && registered == nullptr && native == nullptr);
+    EXPECT_THAT(stateCalls(), IsEmpty());
+
+    jobject first = newCallback();
+    upgrade(first);
+    UpgradeCallback* const only = received;
+    EXPECT_TRUE(only != nullptr && native == only && vm != nullptr && isRegistered(first));
+    EXPECT_THAT(stateCalls(), ElementsAre("GetJavaVM", "NewGlobalRef"));
+
+    jobject second = newCallback();
+    upgrade(second);
+    EXPECT_TRUE(received == only && native == only && isRegistered(second));
+    EXPECT_THAT(stateCalls(), ElementsAre("DeleteGlobalRef", "NewGlobalRef"));
+
+    received = nullptr;
+    upgrade(nullptr);
+    EXPECT_TRUE(received == only && native == only && isRegistered(second));
+    EXPECT_THAT(stateCalls(), IsEmpty());
+    received->progress(40, 100, FwUpgradeCode::writing);
+    EXPECT_EQ(describe(first) + describe(second), "[][40/100 WRITING]");
+}
+
+TEST_F(FirmwareTest, AsksForTheJvmAgainAfterARefusal) {
+    jobject callback = newCallback();
+    table.restart();
+    table.failCall(1);  // after the characters of the image
+    EXPECT_EQ(upgrade(callback), 0);
+    EXPECT_THAT(stateCalls(), ElementsAre("GetJavaVM", "NewGlobalRef"));
+    EXPECT_TRUE(received == nullptr && native == nullptr && vm == nullptr && isRegistered(callback));
+    upgrade(callback);
+    EXPECT_TRUE(received != nullptr && native == received && vm != nullptr);
+}
+
+TEST_F(FirmwareTest, DropsReportsThatNobodyCanReceive) {
+    jobject callback = newCallback();
+    upgrade(callback);
+    JavaVM* const realVm = std::exchange(vm, nullptr);
+    onPlatformThread([&] { report(1); });
+
+    JNIInvokeInterface_ functions{};  // calling any of them would crash
+    JavaVM unreachable{&functions};
+    vm = &unreachable;
+    jobject reference = std::exchange(registered, nullptr);
+    onPlatformThread([&] { report(1); });
+
+    registered = reference;
+    functions.GetEnv = [](JavaVM*, void**, jint) { return JNI_EDETACHED; };
+    functions.AttachCurrentThreadAsDaemon = [](JavaVM*, void**, void*) { return JNI_ERR; };
+    onPlatformThread([&] { report(1); });
+    vm = realVm;
+    EXPECT_EQ(describe(callback), "[]");
+}
+
+TEST_F(FirmwareTest, LeavesWhatTheCallbackThrowsToTheThread) {
+    for (const auto& [where, run] : bothKindsOfThread) {
+        SCOPED_TRACE(where);
+        jobject callback = newCallback("$Throwing");
+        upgrade(callback);
+        run([&] {
+            for (const int done : {1, 2}) report(done);
+            if (currentJniTable() == nullptr) return;  // a platform thread ends with it
+            EXPECT_EQ(takeException(env), "java.lang.IllegalStateException: callback");
+        });
+        onPlatformThread([&] { report(2); });
+        EXPECT_EQ(describe(callback), "[1/2 VERIFYING, 2/2 VERIFYING]");
+    }
+}
+
+TEST_F(FirmwareTest, LetsACallbackStartAnotherUpgrade) {
+    for (const auto& [where, run] : bothKindsOfThread) {
+        SCOPED_TRACE(where);
+        jobject callback = newCallback("$Restarting");
+        upgrade(callback);
+        run([&] { report(1); });
+        report(2);
+        EXPECT_EQ(describe(callback), "[1/2 VERIFYING] then [2/2 VERIFYING]");
+    }
+}
+
+TEST_F(FirmwareTest, FindsTheClassesThatOnlyTheCallbackKnows) {
+    jclass recording = env->FindClass("com/kvo/talvern/testing/RecordingCallback");
+    jmethodID fromHiddenClasses =
+        env->GetStaticMethodID(recording, "fromHiddenClasses", "()Ljava/lang/Object;");
+    jobject hiddenCallback = env->CallStaticObjectMethod(recording, fromHiddenClasses);
+    upgrade(hiddenCallback);
+    for (const auto& [where, run] : bothKindsOfThread) run([&] { report(1); });
+    EXPECT_EQ(describe(hiddenCallback), "[1/2 VERIFYING, 1/2 VERIFYING]");
+
+    jobject callback = newCallback();
+    upgrade(callback);
+    for (const char* hidden : {callbackInterface, codeClass}) {
+        table.restart();
+        table.hideClass(hidden);
+        report(2, FwUpgradeCode::writing);
+    }
+    EXPECT_EQ(describe(callback), "[2/2 WRITING, 2/2 WRITING]");
+}
+
+TEST_F(FirmwareTest, DropsReportsThatJavaCannotTake) {
+    jobject callback = newCallback();
+    for (jobject listener : {callback, static_cast<jobject>(javaString("no callback"))}) {
+        upgrade(listener);
+        for (const auto& [where, run] : bothKindsOfThread) {
+            SCOPED_TRACE(where);
+            run([&] {
+                for (const int code : {-1, 5, INT_MAX}) report(1, FwUpgradeCode{code});
+                EXPECT_EQ(takeException(javaEnv()), "");
+            });
+        }
+    }
+    EXPECT_EQ(describe(callback), "[]");
+}
+
+TEST_F(FirmwareTest, DropsAReportWhenAnyCallFails) {
+    for (const char* hidden : {"", callbackInterface}) {
+        jobject callback = newCallback();
+        upgrade(callback);
+        const auto reportWithFailing = [&](std::size_t index) {
+            table.restart();
+            table.hideClass(hidden);
+            table.failCall(index);
+            report(1);
+        };
+        reportWithFailing(static_cast<std::size_t>(-1));
+        const std::vector<JniTable::Call> calls = table.calls();
+        for (std::size_t i = 0; i < calls.size(); ++i) {
+            const std::string function{calls[i].function};
+            if (!calls[i].canFail || function == "FindClass") continue;  // there is another way to a class
+            SCOPED_TRACE(function + " " + calls[i].detail);
+            reportWithFailing(i);
+            const bool isCallback = function == "CallVoidMethodA";
+            EXPECT_EQ(takeException(env), isCallback ? "java.lang.OutOfMemoryError: planted" : "");
+        }
+        EXPECT_EQ(describe(callback), "[1/2 VERIFYING]") << "only the first";
+    }
+}
+
+TEST_F(FirmwareTest, RunsTwoUpgradesAtOnce) {
+    constexpr int upgrades = 300;
+    ON_CALL(mock<FirmwareManagerMock>(), upgrade)
+        .WillByDefault([](const std::string&, bool, bool, UpgradeCallback* target) {
+            const auto progress = [&] { target->progress(1, 2, FwUpgradeCode::verifying); };
+            progress();
+            onPlatformThread(progress);
+            return 0;
+        });
+    std::vector<jobject> callbacks{env->NewGlobalRef(newCallback()), env->NewGlobalRef(newCallback())};
+    std::vector<std::thread> threads;
+    for (jobject callback : callbacks) {
+        threads.emplace_back([callback, &method = bridgeNative(javaClass, "_upgradeFirmware")] {
+            javaEnv()->PushLocalFrame(10 * upgrades);
+            const std::vector<jvalue> arguments{toJvalue(javaString("image")), {}, {}, toJvalue(callback)};
+            for (int i = 0; i < upgrades; ++i) EXPECT_EQ(invoke(method, arguments).exception, "");
+            javaEnv()->PopLocalFrame(nullptr);
+            bridgeVariable<JavaVM*>("g_vm")->DetachCurrentThread();
+        });
+    }
+    for (std::thread& thread : threads) thread.join();
+    const std::string reports = describe(callbacks[0]) + describe(callbacks[1]);
+    EXPECT_EQ(std::count(reports.begin(), reports.end(), '/'), 2 * 2 * upgrades);
+    for (jobject callback : callbacks) env->DeleteGlobalRef(callback);
+}
+
+TEST_F(FirmwareTest, LeavesNothingBehind) {
+    const auto threadCount = [&] {
+        jclass threadClass = env->FindClass("java/lang/Thread");
+        return env->CallStaticIntMethod(threadClass,
+                                        env->GetStaticMethodID(threadClass, "activeCount", "()I"));
+    };
+    const auto isAlive = [&](jweak callback) { return env->IsSameObject(callback, nullptr) == JNI_FALSE; };
+
+    // One platform thread for all upgrades, whose local references live until it ends, and one for each.
+    const jint threadsBefore = threadCount();
+    std::binary_semaphore reportIsDue{0}, reportIsMade{0};
+    bool isOver = false;
+    std::thread longLived{[&] {
+        for (reportIsDue.acquire(); !isOver; reportIsDue.acquire()) {
+            report(1);
+            reportIsMade.release();
+        }
+    }};
+    std::vector<jweak> callbacks;
+    for (int i = 0; i < 1000; ++i) {
+        env->PushLocalFrame(100);
+        jobject callback = newCallback();
+        callbacks.push_back(env->NewWeakGlobalRef(callback));
+        upgrade(callback);
+        reportIsDue.release();
+        reportIsMade.acquire();
+        onPlatformThread([&] { report(2); });
+        EXPECT_EQ(describe(callback), "[1/2 VERIFYING, 2/2 VERIFYING]");
+        env->PopLocalFrame(nullptr);
+    }
+    EXPECT_EQ(threadCount(), threadsBefore + 1);
+    jclass systemClass = env->FindClass("java/lang/System");
+    env->CallStaticVoidMethod(systemClass, env->GetStaticMethodID(systemClass, "gc", "()V"));
+    EXPECT_EQ(std::count_if(callbacks.begin(), callbacks.end(), isAlive), 1);
+    EXPECT_TRUE(isAlive(callbacks.back())) << "the one that is registered";
+
+    isOver = true;
+    reportIsDue.release();
+    longLived.join();
+    EXPECT_EQ(threadCount(), threadsBefore);
+    for (jweak callback : callbacks) env->DeleteWeakGlobalRef(callback);
+}
+
+/// A platform that waits for its thread when it is destroyed. The thread reports once before and once after
+/// what happens in between.
+class WaitingPlatform {
+  public:
+    ~WaitingPlatform() {
+        mayEnd_.release();
+        thread_.join();
+    }
+
+    void reportTo(UpgradeCallback* target) {
+        thread_ = std::thread{[this, target] {
+            target->progress(1, 2, FwUpgradeCode::verifying);
+            hasReported_.release();
+            mayEnd_.acquire();
+            target->progress(2, 2, FwUpgradeCode::verifying);
+        }};
+        hasReported_.acquire();
+    }
+
+  private:
+    std::binary_semaphore hasReported_{0}, mayEnd_{0};
+    std::thread thread_;
+};
+
+class FirmwareDeathTest : public FirmwareTest {
+  protected:
+    FirmwareDeathTest() { testing::FLAGS_gtest_death_test_style = "threadsafe"; }
+
+    void endJvm() {
+        alarm(60);
+        upgrade(newCallback());
+        {
+            WaitingPlatform platform;
+            platform.reportTo(received);
+            vm->DestroyJavaVM();
+        }
+        std::_Exit(0);
+    }
+
+    void endProcess() {
+        alarm(60);
+        upgrade(newCallback());
+        static WaitingPlatform platform;
+        platform.reportTo(received);
+        platform::mocks().clear();
+        jclass systemClass = env->FindClass("java/lang/System");
+        env->CallStaticVoidMethod(systemClass, env->GetStaticMethodID(systemClass, "exit", "(I)V"), 0);
+    }
+};
+
+TEST_F(FirmwareDeathTest, LetsThreadsEndAfterTheJvm) {
+    EXPECT_EXIT(endJvm(), ExitedWithCode(0), "");
+    EXPECT_EXIT(endProcess(), ExitedWithCode(0), "");
+}
+
+}  // namespace

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstdint>
+#include <gmock/gmock.h>
+#include <string>
+#include <vector>
+
+#include "platform/types.h"
+
+struct EthernetInterfacesMock {
+    using KeyValPair = talvern::types::KeyValPair;
+    using InterfaceStatus = talvern::types::InterfaceStatus;
+    using Texts = std::vector<std::string>;
+
+    EthernetInterfacesMock() {
+        using testing::DoAll;
+        using testing::Return;
+        status.details = {&eth0, &eth1};
+        ON_CALL(*this, getInterfaceNames).WillByDefault([] { return new Texts{"eth0", "eth1"}; });
+        ON_CALL(*this, getInterfaces)
+            .WillByDefault(DoAll(testing::SetArgReferee<0>(status.details), Return(true)));
+        ON_CALL(*this, getInterface).WillByDefault(Return(&eth0));
+        ON_CALL(*this, getInterfaceStatus).WillByDefault(Return(&status));
+        ON_CALL(*this, getAggregateStatus).WillByDefault(Return(&status));
+        ON_CALL(*this, getVLANStatus).WillByDefault(Return(&status));
+    }
+
+    MOCK_METHOD(Texts*, getInterfaceNames, ());
+    MOCK_METHOD(bool, getInterfaces, (std::vector<KeyValPair*> & interfaces));
+    MOCK_METHOD(KeyValPair*, getInterface, (const std::string& name));
+    MOCK_METHOD(std::int32_t, setInterface, (KeyValPair & attributes));
+    MOCK_METHOD(std::int32_t, clearInterface, (const std::string& name));
+    MOCK_METHOD(InterfaceStatus*, getInterfaceStatus, (std::string name));
+    MOCK_METHOD(InterfaceStatus*, getAggregateStatus, (std::string name));
+    MOCK_METHOD(InterfaceStatus*, getVLANStatus, (std::string name));
+    MOCK_METHOD(std::int32_t, addVIPToInterface, (std::string name, std::string address));
+    MOCK_METHOD(std::int32_t, removeVIPFromInterface, (std::string name, std::string address));
+    MOCK_METHOD(std::int32_t, addVIPToLoopback, (std::string address));
+    MOCK_METHOD(std::int32_t, removeVIPFromLoopback, (std::string address));
+    MOCK_METHOD(std::int32_t, setHWAddressImmediate, (std::string name, std::string address));
+    MOCK_METHOD(std::int32_t, resetHWAddressImmediate, (std::string name));
+
+    KeyValPair eth0{{{"mtu", "1500"}, {"name", "eth0"}}};
+    KeyValPair eth1{{{"name", "eth1"}}};
+    InterfaceStatus status;
+};
