@@ -150,6 +150,18 @@ TEST_F(ValueConversionTest, RendersTheConvertedTree) {
     EXPECT_EQ(callOn(faulty("unknown kind"), "config/Value", "_asXML").resultText, "first");
 }
 
+TEST_F(ValueConversionTest, GivesEachKeyBackAsSoonAsItsMemberIsStored) {
+    table.restart();
+    callOn(large(2), "config/Value", "_asXML");
+    std::vector<std::string> expected;
+    for (int member = 0; member < 4; ++member) {
+        for (const char* function : {"GetStringUTFChars", "ReleaseStringUTFChars"}) {
+            expected.insert(expected.end(), 2, function);  // of the key and of its text
+        }
+    }
+    EXPECT_EQ(callsOf({"GetStringUTFChars", "ReleaseStringUTFChars"}), expected);
+}
+
 TEST_F(ValueConversionTest, RefusesToRenderAValueOfUnknownKind) {
     EXPECT_CALL(service(), asXML).Times(0);
     EXPECT_CALL(mock<LogMock>(), line).Times(0);
