@@ -81,10 +81,15 @@ TEST_F(ValueConversionTest, SaysWhatIsWrongWithAJavaValue) {
     const std::string ours = "com.kvo.talvern.TalvernException: ";
     const std::string theirs = "java.lang.IllegalStateException: ";
     const std::map<const char*, std::string> faults{
-        {"null text", ours + "null value text"},     {"throwing text", theirs + "getValue"},
-        {"null iterator", ours + "null iterator"},   {"throwing iterator", theirs + "iterator"},
-        {"null entry set", ours + "null entry set"}, {"null set iterator", ours + "null iterator"},
-        {"null entry", ours + "null map entry"},     {"null key", ours + "null value key"}};
+        {"null text", ours + "null value text"},
+        {"throwing text", theirs + "getValue"},
+        {"null iterator", ours + "null iterator"},
+        {"throwing iterator", theirs + "iterator"},
+        {"null entry set", ours + "null entry set"},
+        {"null set iterator", ours + "null iterator"},
+        {"null entry", ours + "null map entry"},
+        {"null key", ours + "null value key"},
+        {"number as key", ours + "value key that is not a string"}};
     EXPECT_CALL(service(), updateObject).Times(0);
     for (const auto& [fault, exception] : faults) {
         SCOPED_TRACE(fault);
