@@ -19,9 +19,9 @@ double median(std::vector<double> values) {
     return *middle;
 }
 
-/// How many calls are timed at once: enough to last several milliseconds, or one.
+/// How many calls are timed at once. Short rounds are seldom interrupted on a machine that does other work too.
 int callsPerRound(const Cases& cases, int index) {
-    constexpr double enough = 3e6;
+    constexpr double enough = 300'000;  // nanoseconds
     int calls = 1;
     while (cases.time(index, floorCode, calls) < enough) calls *= 2;
     return calls;
@@ -193,7 +193,7 @@ int main(int argc, char** argv) {
     const int spinIndex = cases.count() - 1;
     for (int index = 0; index < spinIndex; ++index) {
         const int size = cases.size(index);
-        const int rounds = size <= 1000 ? 101 : size <= 100'000 ? 21 : 7;
+        const int rounds = size <= 1000 ? 1001 : size <= 10'000 ? 101 : size <= 100'000 ? 21 : 7;
         benchmark::RegisterBenchmark(
             (cases.name(index) + "/" + std::to_string(size)).c_str(),
             [&cases, index](benchmark::State& state) { measureCase(state, cases, index); })
