@@ -2,27 +2,29 @@
 
 #include <cstdarg>
 #include <cstdio>
+#include <mutex>
 #include <string>
-
-#include "memory.h"
 
 namespace {
 
-struct State {
-    std::string name;
-};
-Memory<State> memory;
+// Logging belongs to this process, not to the appliance: a device reset leaves it as it is.
+std::mutex mutex;
+std::string processName;  // guarded by mutex; empty until logging is initialised
 
 }  // namespace
 
 namespace talvern::log {
 
 void init(const char* name) {
-    memory.use([&](State& state) { state.name = name; });
+    const std::lock_guard lock{mutex};
+    processName = name;
 }
 
 void trace(unsigned level, const char* format, ...) {
-    const std::string name = memory.use([](State& state) { return state.name; });
+    const std::string name = [] {
+        const std::lock_guard lock{mutex};
+        return processName;
+    }();
     if (name.empty()) return;
     std::va_list arguments;
     va_start(arguments, format);

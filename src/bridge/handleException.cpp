@@ -38,8 +38,8 @@ bool handleException(JNIEnv* env, const talvern::config::messaging::ValidationEx
     jclass exceptionClass = env->FindClass("com/kvo/talvern/config/ValidationException");
     if (exceptionClass == nullptr) return false;
     const Constructor<"(Ljava/lang/String;Ljava/lang/String;)V"> create{env, exceptionClass};
-    jstring first = toJavaString(env, exception.first);
-    jstring second = toJavaString(env, exception.second);
+    jstring first = notNull(toJavaString(env, exception.first));
+    jstring second = notNull(toJavaString(env, exception.second));
     jobject javaException = create(first, second);
     talvern::log::trace(3, "Throwing Java ValidationException in libtalvern JNI\n");
     env->Throw(static_cast<jthrowable>(notNull(javaException)));
@@ -54,7 +54,7 @@ bool handleException(JNIEnv* env, const talvern::config::messaging::ConfigChange
     const Constructor<"(ILjava/lang/String;[Ljava/lang/String;)V"> create{env, exceptionClass};
     // A copy of its own: creating the Java strings may run Java code, and that may reach the platform again.
     const std::vector<std::string> texts = exception.texts;
-    jstring text = toJavaString(env, exception.text);
+    jstring text = notNull(toJavaString(env, exception.text));
     jobject javaException = create(jint{exception.code}, text, toJavaStringArray(env, texts));
     env->Throw(static_cast<jthrowable>(notNull(javaException)));
     return true;

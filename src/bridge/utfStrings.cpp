@@ -16,8 +16,10 @@ const char* UtfStrings::take(jstring string) {
     return chars;
 }
 
-void UtfStrings::release() noexcept {
+void UtfStrings::releaseFrom(std::size_t first) noexcept {
     // In the order taken; a chain of destructors would run backwards.
-    for (const auto& [string, chars] : taken_) env_->ReleaseStringUTFChars(string, chars);
-    taken_.clear();
+    for (std::size_t i = first; i < taken_.size(); ++i) {
+        env_->ReleaseStringUTFChars(taken_[i].first, taken_[i].second);
+    }
+    taken_.resize(first);
 }

@@ -2,6 +2,7 @@
 
 #include <jni.h>
 
+#include <cstddef>
 #include <utility>
 #include <vector>
 
@@ -23,9 +24,14 @@ class UtfStrings {
     const char* take(jstring string);
 
     /// Gives everything taken so far back.
-    void release() noexcept;
+    void release() noexcept { releaseFrom(0); }
+
+    /// Gives back what was taken last.
+    void releaseLast() noexcept { releaseFrom(taken_.size() - 1); }
 
   private:
+    void releaseFrom(std::size_t first) noexcept;
+
     JNIEnv* env_;
     std::vector<std::pair<jstring, const char*>> taken_;
 };

@@ -56,6 +56,7 @@ std::string nameOf(JNIEnv* env, jclass javaClass) {
     jclass metaClass = original->GetObjectClass(env, javaClass);
     jmethodID getName = original->GetMethodID(env, metaClass, "getName", "()Ljava/lang/String;");
     auto* name = static_cast<jstring>(original->CallObjectMethodA(env, javaClass, getName, nullptr));
+    original->ExceptionCheck(env);  // lest -Xcheck:jni blames the bridge for this call
     const char* chars = original->GetStringUTFChars(env, name, nullptr);
     std::string text{chars};
     original->ReleaseStringUTFChars(env, name, chars);

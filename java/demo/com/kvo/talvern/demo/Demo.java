@@ -19,6 +19,7 @@ public final class Demo {
         ServicesDemo.run();
         ApplianceDemo.run();
         LifecycleDemo.run();
+        ConfigDemo.run();
     }
 
     private static void nodeName() {

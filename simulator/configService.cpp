@@ -1,0 +1,300 @@
+#include "platform/configService.h"
+
+#include <algorithm>
+#include <map>
+#include <memory>
+#include <tuple>
+
+#include "configTypes.h"
+#include "memory.h"
+
+using talvern::config::ArrayValue;
+using talvern::config::Service;
+using talvern::config::SimpleValue;
+using talvern::config::StructValue;
+using talvern::config::Value;
+using talvern::config::messaging::ConfigChangeException;
+using talvern::config::messaging::ValidationException;
+using Code = Service::ReturnCode;
+using AdminState = Service::AdminState;
+using OpState = Service::OpState;
+
+namespace {
+
+struct Key {
+    std::string type, parent, name;
+
+    bool operator<(const Key& other) const {
+        return std::tie(type, parent, name) < std::tie(other.type, other.parent, other.name);
+    }
+};
+
+struct Object {
+    std::unique_ptr<Value> value, initialValue;
+    AdminState adminState{}, initialState{};
+    OpState opState{};
+    bool isBuiltIn = false;
+
+    void setAdminState(AdminState state) {
+        adminState = state;
+        opState = state == AdminState::ENABLED ? OpState::UP : OpState::DOWN;
+    }
+};
+
+using Objects = std::map<Key, Object>;
+
+std::unique_ptr<Value> copyOf(const Value* value) { return std::unique_ptr<Value>{value->clone()}; }
+
+Object newObject(std::unique_ptr<Value> value, AdminState state) {
+    Object object;
+    object.initialValue = copyOf(value.get());
+    object.value = std::move(value);
+    object.initialState = state;
+    object.setAdminState(state);
+    return object;
+}
+
+struct State {
+    State() {
+        addBuiltIn({"EthernetInterface", "", "eth0"}, {{"address", "192.0.2.10"}, {"prefixLength", "24"}});
+        addBuiltIn({"EthernetInterface", "", "eth1"}, {{"address", "198.51.100.10"}, {"prefixLength", "24"}});
+        addBuiltIn({"UserGroup", "", "administrators"}, {{"role", "administrator"}});
+    }
+
+    void addBuiltIn(const Key& key, const std::map<std::string, std::string>& members) {
+        auto value = std::make_unique<StructValue>(false);
+        for (const auto& [name, text] : members) value->put(name, std::make_unique<SimpleValue>(text, false));
+        objects[key] = newObject(std::move(value), AdminState::ENABLED);
+        objects[key].isBuiltIn = true;
+    }
+
+    Objects objects;
+};
+Memory<State> memory;
+
+void require(bool holds, const std::string& field, const std::string& reason) {
+    if (!holds) throw ValidationException{field, reason};
+}
+
+void checkText(const Objects& objects, const ConfigField& field, const Value* value) {
+    const auto* simple = dynamic_cast<const SimpleValue*>(value);
+    require(simple != nullptr, field.name, "must be a text");
+    require(field.accepts(simple->value), field.name, field.otherwise);
+    require(field.refersTo.empty() || objects.contains({field.refersTo, "", simple->value}), field.name,
+            "there is no " + field.refersTo + " " + simple->value);
+}
+
+void checkField(const Objects& objects, const ConfigField& field, const Value* value) {
+    if (!field.isList) return checkText(objects, field, value);
+    const auto* list = dynamic_cast<const ArrayValue*>(value);
+    require(list != nullptr, field.name, "must be a list");
+    for (const Value* element : list->elements) checkText(objects, field, element);
+}
+
+void checkValue(const Objects& objects, const ConfigType& type, const Value& value) {
+    if (type.takesAnyValue) return;
+    const auto* structure = dynamic_cast<const StructValue*>(&value);
+    require(structure != nullptr, type.name, "must be a structure");
+    for (const auto& [name, member] : structure->members) {
+        require(std::any_of(type.fields.begin(), type.fields.end(),
+                            [&, &wanted = name](const ConfigField& field) { return field.name == wanted; }),
+                name, "is not a field of " + type.name);
+    }
+    for (const ConfigField& field : type.fields) {
+        const auto member = structure->members.find(field.name);
+        if (member != structure->members.end()) {
+            checkField(objects, field, member->second);
+        } else {
+            require(!field.isRequired, field.name, "is required");
+        }
+    }
+}
+
+void checkState(AdminState state) {
+    require(state == AdminState::ENABLED || state == AdminState::DISABLED, "adminState",
+            "must be ENABLED or DISABLED");
+}
+
+bool refersTo(const Key& user, const Object& object, const Key& used) {
+    const ConfigType* type = configType(user.type);
+    if (type->parentType == used.type && user.parent == used.name) return true;
+    const auto* structure = dynamic_cast<const StructValue*>(object.value.get());
+    return structure != nullptr &&
+           std::any_of(type->fields.begin(), type->fields.end(), [&](const ConfigField& field) {
+               const auto member = structure->members.find(field.name);
+               return field.refersTo == used.type && member != structure->members.end() &&
+                      static_cast<const SimpleValue*>(member->second)->value == used.name;
+           });
+}
+
+/// Refuses a change of an object that others depend on.
+void checkUnused(const Objects& objects, const Key& used) {
+    std::vector<std::string> users;
+    for (const auto& [key, object] : objects) {
+        if (refersTo(key, object, used)) users.push_back(key.type + " " + key.name);
+    }
+    if (!users.empty()) {
+        throw ConfigChangeException{static_cast<std::int32_t>(Code::IN_USE),
+                                    used.type + " " + used.name + " is in use", users};
+    }
+}
+
+bool isName(const std::string& name) {
+    return !name.empty() && name.size() <= 64 && name.find('/') == std::string::npos;
+}
+
+/// The present value with the members of the new one.
+std::unique_ptr<Value> merged(const Value& present, const Value& changes) {
+    std::unique_ptr<Value> result = copyOf(&present);
+    auto* structure = dynamic_cast<StructValue*>(result.get());
+    const auto* changed = dynamic_cast<const StructValue*>(&changes);
+    if (structure == nullptr || changed == nullptr) return copyOf(&changes);
+    for (const auto& [name, member] : changed->members) {
+        structure->put(name, member == nullptr ? nullptr : copyOf(member));
+    }
+    return result;
+}
+
+/// Runs `action` on an object and all others, alone; NOT_FOUND or INVALID_TYPE if there is no such object.
+template <typename Action>
+Code withObject(const Key& key, Action action) {
+    if (configType(key.type) == nullptr) return Code::INVALID_TYPE;
+    return memory.use([&](State& state) {
+        const auto found = state.objects.find(key);
+        return found == state.objects.end() ? Code::NOT_FOUND : action(found->second, state.objects);
+    });
+}
+
+}  // namespace
+
+namespace talvern::config {
+
+const char* const OPSTATE_STR[] = {"UNKNOWN", "UP", "DOWN", "PENDING", "FAILED"};
+const char* const ADMINSTATE_STR[] = {"UNKNOWN", "ENABLED", "DISABLED"};
+const char* const RETURNCODE_STR[] = {
+    "OK",   "FAILED",       "NOT_FOUND",    "ALREADY_EXISTS", "NOT_PERMITTED",
+    "BUSY", "INVALID_NAME", "INVALID_TYPE", "IN_USE",         "NULL_VALUE"};
+
+Code Service::createObject(const std::string& type, const std::string& parent, const std::string& name,
+                           const Value* value, AdminState adminState, bool replace) {
+    const ConfigType* known = configType(type);
+    if (known == nullptr) return Code::INVALID_TYPE;
+    if (!isName(name)) return Code::INVALID_NAME;
+    if (value == nullptr) return Code::NULL_VALUE;
+    return memory.use([&](State& state) {
+        const bool hasParent = known->parentType.empty()
+                                   ? parent.empty()
+                                   : state.objects.contains({known->parentType, "", parent});
+        if (!hasParent) return Code::NOT_FOUND;
+        const auto present = state.objects.find({type, parent, name});
+        if (present != state.objects.end() && !replace) return Code::ALREADY_EXISTS;
+        if (present != state.objects.end() && present->second.isBuiltIn) return Code::NOT_PERMITTED;
+        checkState(adminState);
+        checkValue(state.objects, *known, *value);
+        state.objects[{type, parent, name}] = newObject(copyOf(value), adminState);
+        return Code::OK;
+    });
+}
+
+Code Service::updateObject(const std::string& type, const std::string& parent, const std::string& name,
+                           const Value* value, bool merge) {
+    if (value == nullptr) return Code::NULL_VALUE;
+    return withObject({type, parent, name}, [&](Object& object, const Objects& objects) {
+        std::unique_ptr<Value> changed = merge ? merged(*object.value, *value) : copyOf(value);
+        checkValue(objects, *configType(type), *changed);
+        object.value = std::move(changed);
+        return Code::OK;
+    });
+}
+
+Code Service::deleteObject(const std::string& type, const std::string& parent, const std::string& name) {
+    const Key key{type, parent, name};
+    return withObject(key, [&](const Object& object, Objects& objects) {
+        if (object.isBuiltIn) return Code::NOT_PERMITTED;
+        checkUnused(objects, key);
+        objects.erase(key);
+        return Code::OK;
+    });
+}
+
+Code Service::resetObject(const std::string& type, const std::string& parent, const std::string& name) {
+    return withObject({type, parent, name}, [](Object& object, const Objects&) {
+        object.value = copyOf(object.initialValue.get());
+        object.setAdminState(object.initialState);
+        return Code::OK;
+    });
+}
+
+Code Service::queryObject(const std::string& type, const std::string& parent, const std::string& name,
+                          Value** value) {
+    thread_local std::unique_ptr<Value> handedOut;
+    handedOut = nullptr;
+    return withObject({type, parent, name}, [&](const Object& object, const Objects&) {
+        handedOut = copyOf(object.value.get());
+        *value = handedOut.get();
+        return Code::OK;
+    });
+}
+
+Code Service::validateObject(const std::string& type, const Value* value) {
+    const ConfigType* known = configType(type);
+    if (known == nullptr) return Code::INVALID_TYPE;
+    if (value == nullptr) return Code::NULL_VALUE;
+    memory.use([&](const State& state) { checkValue(state.objects, *known, *value); });
+    return Code::OK;
+}
+
+Code Service::getNamesofObject(const std::string& type, const std::string& parent,
+                               std::vector<std::string>& names) {
+    if (configType(type) == nullptr) return Code::INVALID_TYPE;
+    memory.use([&](const State& state) {
+        for (const auto& [key, object] : state.objects) {
+            if (key.type == type && key.parent == parent) names.push_back(key.name);
+        }
+    });
+    return Code::OK;
+}
+
+std::vector<std::string> Service::getObjectTypes() {
+    std::vector<std::string> names;
+    for (const ConfigType& type : configTypes()) names.push_back(type.name);
+    return names;
+}
+
+Code Service::getAdminState(const std::string& type, const std::string& parent, const std::string& name,
+                            AdminState& adminState) {
+    return withObject({type, parent, name}, [&](const Object& object, const Objects&) {
+        adminState = object.adminState;
+        return Code::OK;
+    });
+}
+
+Code Service::setAdminState(const std::string& type, const std::string& parent, const std::string& name,
+                            AdminState adminState) {
+    const Key key{type, parent, name};
+    return withObject(key, [&](Object& object, const Objects& objects) {
+        checkState(adminState);
+        if (adminState == AdminState::DISABLED) checkUnused(objects, key);
+        object.setAdminState(adminState);
+        return Code::OK;
+    });
+}
+
+Code Service::getOpState(const std::string& type, const std::string& parent, const std::string& name,
+                         OpState& opState) {
+    return withObject({type, parent, name}, [&](const Object& object, const Objects&) {
+        opState = object.opState;
+        return Code::OK;
+    });
+}
+
+Code Service::setOpState(const std::string& type, const std::string& parent, const std::string& name,
+                         OpState opState) {
+    if (opState < OpState::UNKNOWN || opState > OpState::FAILED) return Code::FAILED;
+    return withObject({type, parent, name}, [&](Object& object, const Objects&) {
+        object.opState = opState;
+        return Code::OK;
+    });
+}
+
+}  // namespace talvern::config

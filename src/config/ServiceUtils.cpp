@@ -1,0 +1,212 @@
+#include <jni.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "bridge/entryPoint.h"
+#include "bridge/marshalling.h"
+#include "bridge/utfStrings.h"
+#include "config/states.h"
+#include "config/valueConversion.h"
+#include "platform/configService.h"
+
+using talvern::config::Service;
+using talvern::config::Value;
+
+namespace {
+
+constexpr Service::ReturnCode success{0};
+constexpr Service::ReturnCode nullValue{9};
+
+/// A copy of an identifying string, empty for null. The characters stay taken.
+std::string identifier(UtfStrings& utf, jstring string) { return string == nullptr ? "" : utf.take(string); }
+
+/// The strings that identify an object. Their characters are taken in this order.
+struct ObjectId {
+    ObjectId(UtfStrings& utf, jstring javaType, jstring javaParent, jstring javaName)
+        : type{identifier(utf, javaType)},
+          parent{identifier(utf, javaParent)},
+          name{identifier(utf, javaName)} {}
+
+    std::string type, parent, name;
+};
+
+/// Stores the outcome on the receiver, gives the characters back, and makes the outcome the result.
+jobject report(JNIEnv* env, jobject receiver, UtfStrings& utf, Service::ReturnCode code) {
+    setReturnCode(env, receiver, code);
+    utf.release();
+    return convertReturnCode(env, code);
+}
+
+/// Asks the service for an operation with a value. A null value is answered without asking it.
+template <typename Operation>
+jobject requestWithValue(JNIEnv* env, jobject receiver, UtfStrings& utf, jobject value, Operation operation) {
+    if (value == nullptr) return report(env, receiver, utf, nullValue);
+    const std::unique_ptr<const Value> tree{convertJValue2Value(env, value)};
+    return report(env, receiver, utf, operation(tree.get()));
+}
+
+/// Reads a state; null unless the service gives one.
+template <typename State, typename Read, typename Convert>
+jobject readState(JNIEnv* env, jobject receiver, UtfStrings& utf, Read read, Convert convert) {
+    State state{};
+    const Service::ReturnCode code = read(state);
+    setReturnCode(env, receiver, code);
+    utf.release();
+    return code == success ? convert(env, state) : nullptr;
+}
+
+}  // namespace
+
+extern "C" {
+
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1createObject(
+    JNIEnv* env, jobject receiver, jstring type, jstring parent, jstring name, jobject value, jint state,
+    jboolean replace) {
+    return changingEntryPoint(env, jobject{}, [&] {
+        UtfStrings utf{env};
+        const ObjectId id{utf, type, parent, name};
+        return requestWithValue(env, receiver, utf, value, [&](const Value* tree) {
+            return Service::createObject(id.type, id.parent, id.name, tree, Service::AdminState{state},
+                                         replace == JNI_TRUE);
+        });
+    });
+}
+
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1updateObject(
+    JNIEnv* env, jobject receiver, jstring type, jstring parent, jstring name, jobject value,
+    jboolean merge) {
+    return changingEntryPoint(env, jobject{}, [&] {
+        UtfStrings utf{env};
+        const ObjectId id{utf, type, parent, name};
+        return requestWithValue(env, receiver, utf, value, [&](const Value* tree) {
+            return Service::updateObject(id.type, id.parent, id.name, tree, merge == JNI_TRUE);
+        });
+    });
+}
+
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1deleteObject(
+    JNIEnv* env, jobject receiver, jstring type, jstring parent, jstring name) {
+    return changingEntryPoint(env, jobject{}, [&] {
+        UtfStrings utf{env};
+        const ObjectId id{utf, type, parent, name};
+        return report(env, receiver, utf, Service::deleteObject(id.type, id.parent, id.name));
+    });
+}
+
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1resetObject(JNIEnv* env,
+                                                                                 jobject receiver,
+                                                                                 jstring type, jstring parent,
+                                                                                 jstring name) {
+    return changingEntryPoint(env, jobject{}, [&] {
+        UtfStrings utf{env};
+        const ObjectId id{utf, type, parent, name};
+        return report(env, receiver, utf, Service::resetObject(id.type, id.parent, id.name));
+    });
+}
+
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1queryObject(JNIEnv* env,
+                                                                                 jobject receiver,
+                                                                                 jstring type, jstring parent,
+                                                                                 jstring name) {
+    return entryPoint(env, jobject{}, [&] {
+        UtfStrings utf{env};
+        const ObjectId id{utf, type, parent, name};
+        Value* value = nullptr;
+        setReturnCode(env, receiver, Service::queryObject(id.type, id.parent, id.name, &value));
+        jobject javaValue = convertValue2JValue(env, value);
+        utf.release();
+        return javaValue;
+    });
+}
+
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1validateObject(JNIEnv* env,
+                                                                                    jobject receiver,
+                                                                                    jstring type,
+                                                                                    jobject value) {
+    return validatingEntryPoint(env, jobject{}, [&] {
+        UtfStrings utf{env};
+        const std::string nativeType = identifier(utf, type);
+        return requestWithValue(env, receiver, utf, value,
+                                [&](const Value* tree) { return Service::validateObject(nativeType, tree); });
+    });
+}
+
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1getNamesofObject(JNIEnv* env,
+                                                                                      jobject receiver,
+                                                                                      jstring type,
+                                                                                      jstring parent) {
+    return entryPoint(env, jobject{}, [&] {
+        UtfStrings utf{env};
+        const std::string nativeType = identifier(utf, type);
+        const std::string nativeParent = identifier(utf, parent);
+        const JavaLists<"java/util/ArrayList"> lists{env};
+        jobject javaNames = lists.create();
+        std::vector<std::string> names;
+        const Service::ReturnCode code = Service::getNamesofObject(nativeType, nativeParent, names);
+        if (code == success) lists.addAll(javaNames, names);
+        setReturnCode(env, receiver, code);
+        utf.release();
+        return code == success ? javaNames : nullptr;
+    });
+}
+
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1getObjectTypes(JNIEnv* env,
+                                                                                    jobject receiver) {
+    return entryPoint(env, jobject{}, [&] {
+        const JavaLists<"java/util/ArrayList"> lists{env};
+        jobject javaTypes = lists.create();
+        lists.addAll(javaTypes, Service::getObjectTypes());
+        setReturnCode(env, receiver, success);
+        return javaTypes;
+    });
+}
+
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1getAdminState(
+    JNIEnv* env, jobject receiver, jstring type, jstring parent, jstring name) {
+    return entryPoint(env, jobject{}, [&] {
+        UtfStrings utf{env};
+        const ObjectId id{utf, type, parent, name};
+        const auto read = [&](auto& state) {
+            return Service::getAdminState(id.type, id.parent, id.name, state);
+        };
+        return readState<Service::AdminState>(env, receiver, utf, read, convertAdminState);
+    });
+}
+
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1setAdminState(
+    JNIEnv* env, jobject receiver, jstring type, jstring parent, jstring name, jobject javaState) {
+    return changingEntryPoint(env, jobject{}, [&] {
+        UtfStrings utf{env};
+        const ObjectId id{utf, type, parent, name};
+        const Service::AdminState state = convertJAdminState(env, javaState);
+        return report(env, receiver, utf, Service::setAdminState(id.type, id.parent, id.name, state));
+    });
+}
+
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1getOpState(JNIEnv* env, jobject receiver,
+                                                                                jstring type, jstring parent,
+                                                                                jstring name) {
+    return entryPoint(env, jobject{}, [&] {
+        UtfStrings utf{env};
+        const ObjectId id{utf, type, parent, name};
+        const auto read = [&](auto& state) {
+            return Service::getOpState(id.type, id.parent, id.name, state);
+        };
+        return readState<Service::OpState>(env, receiver, utf, read, convertOpState);
+    });
+}
+
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1setOpState(JNIEnv* env, jobject receiver,
+                                                                                jstring type, jstring parent,
+                                                                                jstring name,
+                                                                                jobject javaState) {
+    return entryPoint(env, jobject{}, [&] {
+        UtfStrings utf{env};
+        const ObjectId id{utf, type, parent, name};
+        const Service::OpState state = convertJOpState(env, javaState);
+        return report(env, receiver, utf, Service::setOpState(id.type, id.parent, id.name, state));
+    });
+}
+}

@@ -1,0 +1,23 @@
+#include "config/value.h"
+
+#include <jni.h>
+
+#include <memory>
+
+#include "bridge/entryPoint.h"
+#include "bridge/marshalling.h"
+#include "config/valueConversion.h"
+
+extern "C" {
+
+JNIEXPORT jstring JNICALL Java_com_kvo_talvern_config_Value__1asXML(JNIEnv* env, jobject receiver) {
+    return entryPoint(env, jstring{}, [&]() -> jstring {
+        const std::unique_ptr<const talvern::config::Value> tree{convertJValue2Value(env, receiver)};
+        if (tree == nullptr) {
+            throwTalvernException(env, "value could not be converted");
+            return nullptr;
+        }
+        return toJavaString(env, tree->asXML());
+    });
+}
+}

@@ -1,0 +1,308 @@
+#include "config/valueConversion.h"
+
+#include <cstddef>
+#include <optional>
+#include <stdexcept>
+#include <utility>
+#include <vector>
+
+#include "bridge/javaMembers.h"
+#include "bridge/marshalling.h"
+#include "bridge/utfStrings.h"
+
+using talvern::config::ArrayValue;
+using talvern::config::SimpleValue;
+using talvern::config::StructValue;
+using talvern::config::Value;
+
+namespace {
+
+constexpr std::size_t maxLevels = 1000;
+
+/// Converts a tree depth first, with a stack of its own: recursion could overflow that of the Java thread,
+/// which would end the JVM. `Steps` gives the types of a value before and after, of a structure or list that
+/// is being filled, and what to do with them:
+/// - begin: converts a value without children, or opens one that may have some
+/// - next: its next child, or nothing
+/// - store: puts a converted child into it
+/// - finish: closes it and gives what it became
+template <typename Steps>
+typename Steps::Result convertTree(Steps& steps, typename Steps::Source root) {
+    std::vector<typename Steps::Container> open;
+    std::optional<typename Steps::Source> source = root;
+    while (true) {
+        typename Steps::Result result{};
+        if (!source) {
+            result = steps.finish(open.back());
+            open.pop_back();
+        } else if (*source != nullptr) {
+            const std::size_t level = open.size();
+            if (level == maxLevels) throw std::length_error{"configuration value deeper than 1000 levels"};
+            result = steps.begin(*source, open);
+            if (open.size() > level) {
+                source = steps.next(open.back());
+                continue;
+            }
+        }
+        if (open.empty()) return result;
+        steps.store(open.back(), std::move(result));
+        source = steps.next(open.back());
+    }
+}
+
+/// Members of a Java class, looked up when they are first needed.
+template <typename Members>
+class Lazy {
+  public:
+    template <typename... Arguments>
+    const Members& get(Arguments... arguments) {
+        if (members_ == nullptr) members_ = std::make_unique<Members>(arguments...);
+        return *members_;
+    }
+
+  private:
+    std::unique_ptr<const Members> members_;
+};
+
+// What native values become.
+
+struct NewSimpleValues {
+    explicit NewSimpleValues(JNIEnv* env)
+        : create{env, findClass(env, "com/kvo/talvern/config/SimpleValue")} {}
+
+    Constructor<"(Ljava/lang/String;Z)V"> create;
+};
+
+struct NewStructValues {
+    explicit NewStructValues(JNIEnv* env)
+        : NewStructValues{env, findClass(env, "com/kvo/talvern/config/StructValue")} {}
+    NewStructValues(JNIEnv* env, jclass javaClass) : create{env, javaClass}, put{env, javaClass} {}
+
+    Constructor<"(Z)V"> create;
+    Method<"put", "(Ljava/lang/String;Lcom/kvo/talvern/config/Value;)Lcom/kvo/talvern/config/Value;"> put;
+};
+
+struct NewArrayValues {
+    explicit NewArrayValues(JNIEnv* env)
+        : NewArrayValues{env, findClass(env, "com/kvo/talvern/config/ArrayValue")} {}
+    NewArrayValues(JNIEnv* env, jclass javaClass) : create{env, javaClass}, add{env, javaClass} {}
+
+    Constructor<"(Z)V"> create;
+    Method<"add", "(Lcom/kvo/talvern/config/Value;)Z"> add;
+};
+
+/// The steps from native to Java.
+class ToJava {
+  public:
+    using Source = const Value*;
+    using Result = jobject;
+
+    struct Container {
+        jobject value;
+        const StructValue* structure;  ///< null for a list
+        std::map<std::string, Value*>::const_iterator nextMember;
+        jstring key;              ///< of the member that is being converted
+        const ArrayValue* array;  ///< null for a structure
+        std::size_t nextElement;
+    };
+
+    explicit ToJava(JNIEnv* env) : env_{env} {}
+
+    jobject begin(const Value* source, std::vector<Container>& open) {
+        if (const auto* simple = dynamic_cast<const SimpleValue*>(source)) {
+            const NewSimpleValues& java = simple_.get(env_);
+            return java.create(notNull(toJavaString(env_, simple->value)), simple->mu);
+        }
+        if (const auto* structure = dynamic_cast<const StructValue*>(source)) {
+            jobject value = structs_.get(env_).create(structure->mu);
+            open.push_back({value, structure, structure->members.begin(), nullptr, nullptr, 0});
+        } else if (const auto* array = dynamic_cast<const ArrayValue*>(source)) {
+            jobject value = arrays_.get(env_).create(array->mu);
+            open.push_back({value, nullptr, {}, nullptr, array, 0});
+        }
+        return nullptr;
+    }
+
+    std::optional<const Value*> next(Container& parent) {
+        if (parent.structure == nullptr) {
+            if (parent.nextElement == parent.array->elements.size()) return {};
+            return parent.array->elements[parent.nextElement++];
+        }
+        if (parent.nextMember == parent.structure->members.end()) return {};
+        const auto& [key, child] = *parent.nextMember++;
+        parent.key = notNull(toJavaString(env_, key));
+        return child;
+    }
+
+    void store(const Container& parent, jobject child) {
+        if (parent.structure == nullptr) {
+            arrays_.get(env_).add(parent.value, child);
+        } else {
+            structs_.get(env_).put(parent.value, parent.key, child);
+        }
+    }
+
+    static jobject finish(const Container& container) { return container.value; }
+
+  private:
+    JNIEnv* env_;
+    Lazy<NewSimpleValues> simple_;
+    Lazy<NewStructValues> structs_;
+    Lazy<NewArrayValues> arrays_;
+};
+
+// What is read from Java values. Those of sets, iterators and map entries are looked up on the interfaces:
+// what is looked up on the class of one iterator is not valid on another's.
+
+struct SimpleValueMembers {
+    SimpleValueMembers(JNIEnv* env, jclass javaClass) : getMU{env, javaClass}, getValue{env, javaClass} {}
+
+    Method<"getMU", "()Z"> getMU;
+    Method<"getValue", "()Ljava/lang/String;"> getValue;
+};
+
+struct ArrayValueMembers {
+    ArrayValueMembers(JNIEnv* env, jclass javaClass) : getMU{env, javaClass}, iterator{env, javaClass} {}
+
+    Method<"getMU", "()Z"> getMU;
+    Method<"iterator", "()Ljava/util/Iterator;"> iterator;
+};
+
+struct StructValueMembers {
+    StructValueMembers(JNIEnv* env, jclass javaClass) : getMU{env, javaClass}, entrySet{env, javaClass} {}
+
+    Method<"getMU", "()Z"> getMU;
+    Method<"entrySet", "()Ljava/util/Set;"> entrySet;
+};
+
+struct SetMembers {
+    explicit SetMembers(JNIEnv* env) : iterator{env, findClass(env, "java/util/Set")} {}
+
+    Method<"iterator", "()Ljava/util/Iterator;"> iterator;
+};
+
+struct IteratorMembers {
+    explicit IteratorMembers(JNIEnv* env) : IteratorMembers{env, findClass(env, "java/util/Iterator")} {}
+    IteratorMembers(JNIEnv* env, jclass javaClass) : hasNext{env, javaClass}, next{env, javaClass} {}
+
+    Method<"hasNext", "()Z"> hasNext;
+    Method<"next", "()Ljava/lang/Object;"> next;
+};
+
+struct EntryMembers {
+    explicit EntryMembers(JNIEnv* env) : EntryMembers{env, findClass(env, "java/util/Map$Entry")} {}
+    EntryMembers(JNIEnv* env, jclass javaClass) : getKey{env, javaClass}, getValue{env, javaClass} {}
+
+    Method<"getKey", "()Ljava/lang/Object;"> getKey;
+    Method<"getValue", "()Ljava/lang/Object;"> getValue;
+};
+
+/// The steps from Java to native.
+class ToNative {
+  public:
+    using Source = jobject;
+    using Result = std::unique_ptr<Value>;
+
+    struct Container {
+        std::unique_ptr<Value> value;
+        bool isStruct;
+        jobject iterator;
+        const char* key;  ///< of the member that is being converted
+    };
+
+    explicit ToNative(JNIEnv* env)
+        : env_{env},
+          simpleClass_{findClass(env, "com/kvo/talvern/config/SimpleValue")},
+          arrayClass_{findClass(env, "com/kvo/talvern/config/ArrayValue")},
+          structClass_{findClass(env, "com/kvo/talvern/config/StructValue")},
+          utf_{env} {}
+
+    std::unique_ptr<Value> begin(jobject source, std::vector<Container>& open) {
+        if (env_->IsInstanceOf(source, simpleClass_) == JNI_TRUE) return toSimpleValue(source);
+        if (env_->IsInstanceOf(source, arrayClass_) == JNI_TRUE) {
+            const ArrayValueMembers& members = array_.get(env_, arrayClass_);
+            const bool mu = members.getMU(source) == JNI_TRUE;
+            jobject iterator = required(members.iterator(source), "null iterator");
+            open.push_back({std::make_unique<ArrayValue>(mu), false, iterator, nullptr});
+        } else if (env_->IsInstanceOf(source, structClass_) == JNI_TRUE) {
+            const StructValueMembers& members = struct_.get(env_, structClass_);
+            const bool mu = members.getMU(source) == JNI_TRUE;
+            jobject entries = required(members.entrySet(source), "null entry set");
+            jobject iterator = required(set_.get(env_).iterator(entries), "null iterator");
+            open.push_back({std::make_unique<StructValue>(mu), true, iterator, nullptr});
+        } else {
+            call<"getMU", "()Z">(env_, source);  // the flag is asked for whatever the kind
+        }
+        return nullptr;
+    }
+
+    std::optional<jobject> next(Container& parent) {
+        const IteratorMembers& members = iterator_.get(env_);
+        if (members.hasNext(parent.iterator) != JNI_TRUE) return {};
+        jobject element = members.next(parent.iterator);
+        if (element == nullptr && hasThrown()) return {};  // it might never end otherwise
+        return parent.isStruct ? valueOf(element, parent.key) : element;
+    }
+
+    void store(Container& parent, std::unique_ptr<Value> child) {
+        if (parent.isStruct) {
+            static_cast<StructValue&>(*parent.value).put(parent.key, std::move(child));
+            utf_.releaseLast();
+        } else {
+            static_cast<ArrayValue&>(*parent.value).add(std::move(child));
+        }
+    }
+
+    static std::unique_ptr<Value> finish(Container& container) { return std::move(container.value); }
+
+  private:
+    std::unique_ptr<Value> toSimpleValue(jobject source) {
+        const SimpleValueMembers& members = simple_.get(env_, simpleClass_);
+        const bool mu = members.getMU(source) == JNI_TRUE;
+        jobject text = required(members.getValue(source), "null value text");
+        auto value = std::make_unique<SimpleValue>(utf_.take(static_cast<jstring>(text)), mu);
+        utf_.releaseLast();
+        return value;
+    }
+
+    /// The value of a map entry. Its key stays taken until the pair is stored.
+    jobject valueOf(jobject entry, const char*& key) {
+        if (entry == nullptr) throw std::invalid_argument{"null map entry"};
+        const EntryMembers& members = entry_.get(env_);
+        jobject javaKey = required(members.getKey(entry), "null value key");
+        key = utf_.take(static_cast<jstring>(javaKey));
+        return members.getValue(entry);
+    }
+
+    /// What a Java method returned. If it returned null, its own exception goes first.
+    jobject required(jobject returned, const char* otherwise) {
+        if (returned != nullptr) return returned;
+        if (hasThrown()) throw PendingJavaException{};
+        throw std::invalid_argument{otherwise};
+    }
+
+    bool hasThrown() { return env_->ExceptionCheck() == JNI_TRUE; }
+
+    JNIEnv* env_;
+    jclass simpleClass_, arrayClass_, structClass_;
+    Lazy<SimpleValueMembers> simple_;
+    Lazy<ArrayValueMembers> array_;
+    Lazy<StructValueMembers> struct_;
+    Lazy<SetMembers> set_;
+    Lazy<IteratorMembers> iterator_;
+    Lazy<EntryMembers> entry_;
+    UtfStrings utf_;  ///< the keys of the members that are being converted, and one text
+};
+
+}  // namespace
+
+jobject convertValue2JValue(JNIEnv* env, const Value* value) {
+    ToJava steps{env};
+    return convertTree(steps, value);
+}
+
+Value* convertJValue2Value(JNIEnv* env, jobject value) {
+    if (value == nullptr) return nullptr;
+    ToNative steps{env};
+    return convertTree(steps, value).release();
+}

@@ -1,0 +1,67 @@
+// Deep trees on small stacks, which end a JVM if native code recurses.
+#include <functional>
+#include <pthread.h>
+
+#include "config/value.h"
+#include "mocks/configService.h"
+#include "support/bridgeTest.h"
+
+using talvern::config::ArrayValue;
+using talvern::config::Service;
+using talvern::config::SimpleValue;
+using talvern::config::StructValue;
+using talvern::config::Value;
+
+namespace {
+
+std::unique_ptr<Value> deepTree(int levels) {
+    std::unique_ptr<Value> tree = std::make_unique<SimpleValue>("end", false);
+    for (int level = 1; level < levels; ++level) {
+        if (level % 2 == 0) {
+            auto parent = std::make_unique<StructValue>(true);
+            parent->put("key", std::move(tree));
+            tree = std::move(parent);
+        } else {
+            auto parent = std::make_unique<ArrayValue>(true);
+            parent->add(std::move(tree));
+            tree = std::move(parent);
+        }
+    }
+    return tree;
+}
+
+class LargeDepthTest : public LargeTest {};
+
+TEST_F(LargeDepthTest, AnyDepthOnAnyStackGivesAResultOrAClearException) {
+    std::unique_ptr<Value> handedOut;
+    ON_CALL(mock<ConfigServiceMock>(), queryObject)
+        .WillByDefault([&](const std::string& levels, const auto&, const auto&, Value** tree) {
+            handedOut = deepTree(std::stoi(levels));
+            *tree = handedOut.get();
+            return Service::ReturnCode{};
+        });
+    EXPECT_EQ(runJava("Depth", "surprises"), "");
+}
+
+TEST_F(LargeDepthTest, CopiesAndDestroysAnyDepthOnTheSmallestStack) {
+    std::function<void()> work = [] {
+        for (const int levels : {1, 1000, 100'000}) {
+            const std::unique_ptr<Value> tree = deepTree(levels);
+            const std::unique_ptr<Value> copy{tree->clone()};
+            EXPECT_NE(copy, nullptr);
+        }
+    };
+    pthread_attr_t attributes;
+    pthread_attr_init(&attributes);
+    pthread_attr_setstacksize(&attributes, 192 * 1024);
+    pthread_t thread{};
+    const auto run = [](void* function) -> void* {
+        (*static_cast<std::function<void()>*>(function))();
+        return nullptr;
+    };
+    ASSERT_EQ(pthread_create(&thread, &attributes, run, &work), 0);
+    pthread_join(thread, nullptr);
+    pthread_attr_destroy(&attributes);
+}
+
+}  // namespace
