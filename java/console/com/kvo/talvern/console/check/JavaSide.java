@@ -11,6 +11,7 @@ import java.util.ArrayList;
 import java.util.LinkedHashMap;
 import java.util.List;
 import java.util.Map;
+import java.util.Objects;
 import java.util.Set;
 import java.util.stream.Collectors;
 import org.objectweb.asm.Opcodes;
@@ -96,21 +97,26 @@ final class JavaSide {
 
     private static String problemOf(Member member, JavaClass javaClass, JavaClasses classes) {
         boolean isConstructor = member.name.equals("<init>");
-        Integer access = member.kind == Kind.NATIVE || isConstructor
-                ? javaClass.methods.get(member.name + member.signature)
-                : inherited(member, member.className, classes);
+        boolean isInherited = member.kind != Kind.NATIVE && !isConstructor;
+        List<JavaClass> lineage = isInherited ? lineage(member.className, classes) : List.of(javaClass);
+        Integer access = lineage.stream().map(ancestor -> ancestor.methods.get(member.name + member.signature))
+                .filter(Objects::nonNull).findFirst().orElse(null);
         if (access == null) {
-            String others = javaClass.methods.keySet().stream()
+            String others = lineage.stream().flatMap(ancestor -> ancestor.methods.keySet().stream())
                     .filter(method -> method.startsWith(member.name + "("))
                     .map(method -> nameOf("", member.name, method.substring(member.name.length())))
-                    .collect(Collectors.joining(", "));
+                    .distinct().collect(Collectors.joining(", "));
             return others.isEmpty() ? "missing" : "missing, there is " + others;
         }
         if (member.kind == Kind.NATIVE) {
             return (access & Opcodes.ACC_NATIVE) == 0 ? "is not native" : null;
         }
-        if (isConstructor && (javaClass.access & Opcodes.ACC_ABSTRACT) != 0) {
+        boolean isOfAbstractClass = (javaClass.access & Opcodes.ACC_ABSTRACT) != 0;
+        if (isConstructor && isOfAbstractClass) {
             return "is of an abstract class";
+        }
+        if ((access & Opcodes.ACC_ABSTRACT) != 0 && !isOfAbstractClass) {
+            return "missing, only declared by an interface or superclass";
         }
         boolean isStatic = (access & Opcodes.ACC_STATIC) != 0;
         if (isStatic != (member.kind == Kind.STATIC)) {
@@ -119,20 +125,18 @@ final class JavaSide {
         return null;
     }
 
-    /** The access flags of the method that a lookup on the class finds there or above it; null if there is none. */
-    private static Integer inherited(Member member, String className, JavaClasses classes) {
+    /** The class and all that it inherits from. */
+    private static List<JavaClass> lineage(String className, JavaClasses classes) {
+        List<JavaClass> lineage = new ArrayList<>();
         JavaClass javaClass = className == null ? null : classes.find(className);
-        if (javaClass == null) {
-            return null;
+        if (javaClass != null) {
+            lineage.add(javaClass);
+            lineage.addAll(lineage(javaClass.superName, classes));
+            for (String parent : javaClass.interfaces) {
+                lineage.addAll(lineage(parent, classes));
+            }
         }
-        Integer access = javaClass.methods.get(member.name + member.signature);
-        if (access == null) {
-            access = inherited(member, javaClass.superName, classes);
-        }
-        for (int i = 0; access == null && i < javaClass.interfaces.length; ++i) {
-            access = inherited(member, javaClass.interfaces[i], classes);
-        }
-        return access;
+        return lineage;
     }
 
     private static boolean isThrowable(String className, JavaClasses classes) {

@@ -82,7 +82,7 @@ public class FitTest {
 
     @Test
     public void namesEachMethodWithAnotherSignature() throws IOException {
-        forEachMethod(member -> true, "missing, there is ", (javaClass, method) -> method.desc = method.desc.replace(")", "J)"));
+        forEachMethod(member -> true, "missing, ", (javaClass, method) -> method.desc = method.desc.replace(")", "J)"));
     }
 
     @Test
