@@ -13,9 +13,3 @@ const char* UtfStrings::take(jstring string) {
     at(count_++) = {string, chars};
     return chars;
 }
-
-void UtfStrings::releaseFrom(std::size_t first) noexcept {
-    // In the order taken; a chain of destructors would run backwards.
-    for (std::size_t i = first; i < count_; ++i) env_->ReleaseStringUTFChars(at(i).string, at(i).chars);
-    count_ = first;
-}

@@ -24,10 +24,14 @@ class UtfStrings {
     const char* take(jstring string);
 
     /// Gives everything taken so far back.
-    void release() noexcept { releaseFrom(0); }
+    void release() noexcept {
+        // In the order taken; a chain of destructors would run backwards.
+        for (std::size_t i = 0; i < count_; ++i) giveBack(at(i));
+        count_ = 0;
+    }
 
     /// Gives back what was taken last.
-    void releaseLast() noexcept { releaseFrom(count_ - 1); }
+    void releaseLast() noexcept { giveBack(at(--count_)); }
 
   private:
     struct Taken {
@@ -38,7 +42,7 @@ class UtfStrings {
     Taken& at(std::size_t index) {
         return index < first_.size() ? first_[index] : further_[index - first_.size()];
     }
-    void releaseFrom(std::size_t first) noexcept;
+    void giveBack(const Taken& taken) noexcept { env_->ReleaseStringUTFChars(taken.string, taken.chars); }
 
     JNIEnv* env_;
     std::size_t count_ = 0;
