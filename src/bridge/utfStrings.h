@@ -4,7 +4,10 @@
 
 #include <array>
 #include <cstddef>
+#include <stdexcept>
 #include <vector>
+
+#include "bridge/pendingJavaException.h"
 
 /// The UTF characters that one native method has taken from Java strings.
 /// Gives each buffer back exactly once, in the order taken: on `release`, or else when it goes out of scope.
@@ -21,7 +24,14 @@ class UtfStrings {
     /// The NUL-terminated modified UTF-8 of `string`, valid until the release.
     /// @throws std::invalid_argument  `string` is null
     /// @throws PendingJavaException   the JVM has no memory for the characters
-    const char* take(jstring string);
+    const char* take(jstring string) {
+        if (string == nullptr) throw std::invalid_argument{"null string argument"};
+        // Room first: a throw after the take would lose the buffer.
+        if (count_ == first_.size() + further_.size()) further_.emplace_back();
+        const char* chars = notNull(env_->GetStringUTFChars(string, nullptr));
+        at(count_++) = {string, chars};
+        return chars;
+    }
 
     /// Gives everything taken so far back.
     void release() noexcept {
