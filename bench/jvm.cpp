@@ -2,24 +2,28 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <iterator>
 
 namespace {
 
-/// A heap that is large enough for the largest case and all there from the beginning: what is measured must not
-/// be the kernel that clears pages.
-JNIEnv* createJvm() {
-    JavaVMOption options[] = {
-        {const_cast<char*>("-Djava.class.path=" BENCH_CLASS_PATH), nullptr},
-        {const_cast<char*>("-Dtalvern.library.path=" BENCH_LIBRARY_FOLDER), nullptr},
-        {const_cast<char*>("-Dtalvern.bench.floor=" BENCH_FLOOR), nullptr},
-        {const_cast<char*>("-XX:+UseSerialGC"), nullptr},
-        {const_cast<char*>("-XX:+AlwaysPreTouch"), nullptr},
-        {const_cast<char*>("-Xms4g"), nullptr},
-        {const_cast<char*>("-Xmx4g"), nullptr},
-        {const_cast<char*>("-Xmn2g"), nullptr},
+JavaVMOption option(const char* text) { return {const_cast<char*>(text), nullptr}; }
+
+JNIEnv* createJvm(Jvm kind) {
+    std::vector<JavaVMOption> options = {
+        option("-Djava.class.path=" BENCH_CLASS_PATH),
+        option("-Dtalvern.library.path=" BENCH_LIBRARY_FOLDER),
+        option("-Dtalvern.bench.floor=" BENCH_FLOOR),
+        option("-XX:+UseSerialGC"),
     };
-    JavaVMInitArgs arguments{JNI_VERSION_1_8, std::size(options), options, JNI_FALSE};
+    if (kind == Jvm::steady) {
+        // A heap that is large enough for the largest case, and all there from the beginning: the kernel that
+        // clears pages is not what is measured.
+        for (const char* text : {"-XX:+AlwaysPreTouch", "-Xms4g", "-Xmx4g", "-Xmn2g"}) {
+            options.push_back(option(text));
+        }
+    } else {
+        options.push_back(option("-XX:TieredStopAtLevel=1"));
+    }
+    JavaVMInitArgs arguments{JNI_VERSION_1_8, static_cast<jint>(options.size()), options.data(), JNI_FALSE};
     JavaVM* vm = nullptr;
     JNIEnv* env = nullptr;
     if (JNI_CreateJavaVM(&vm, reinterpret_cast<void**>(&env), &arguments) != JNI_OK) {
@@ -31,7 +35,7 @@ JNIEnv* createJvm() {
 
 }  // namespace
 
-Cases::Cases() : env_{createJvm()}, class_{env_->FindClass("com/kvo/talvern/bench/Cases")} {
+Cases::Cases(Jvm kind) : env_{createJvm(kind)}, class_{env_->FindClass("com/kvo/talvern/bench/Cases")} {
     stopAfterException();
 }
 

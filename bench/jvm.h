@@ -8,10 +8,13 @@
 /// The ways in which each case is measured; not every case has the last.
 enum Way : int { bridge, floorCode, jna };
 
+/// How the JVM is set up: to run as steadily as it can, or to start quickly and compile little.
+enum class Jvm { steady, quick };
+
 /// The Java class that makes the measured calls, in a JVM of this process.
 class Cases {
   public:
-    Cases();
+    explicit Cases(Jvm kind);
 
     [[nodiscard]] int count() const { return callInt("count"); }
     [[nodiscard]] int size(int index) const { return callInt("size", index); }

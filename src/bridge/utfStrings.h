@@ -4,7 +4,10 @@
 
 #include <array>
 #include <cstddef>
+#include <stdexcept>
 #include <vector>
+
+#include "bridge/pendingJavaException.h"
 
 /// The UTF characters that one native method has taken from Java strings.
 /// Gives each buffer back exactly once, in the order taken: on `release`, or else when it goes out of scope.
@@ -21,13 +24,24 @@ class UtfStrings {
     /// The NUL-terminated modified UTF-8 of `string`, valid until the release.
     /// @throws std::invalid_argument  `string` is null
     /// @throws PendingJavaException   the JVM has no memory for the characters
-    const char* take(jstring string);
+    const char* take(jstring string) {
+        if (string == nullptr) throw std::invalid_argument{"null string argument"};
+        // Room first: a throw after the take would lose the buffer.
+        if (count_ == first_.size() + further_.size()) further_.emplace_back();
+        const char* chars = notNull(env_->GetStringUTFChars(string, nullptr));
+        at(count_++) = {string, chars};
+        return chars;
+    }
 
     /// Gives everything taken so far back.
-    void release() noexcept { releaseFrom(0); }
+    void release() noexcept {
+        // In the order taken; a chain of destructors would run backwards.
+        for (std::size_t i = 0; i < count_; ++i) giveBack(at(i));
+        count_ = 0;
+    }
 
     /// Gives back what was taken last.
-    void releaseLast() noexcept { releaseFrom(count_ - 1); }
+    void releaseLast() noexcept { giveBack(at(--count_)); }
 
   private:
     struct Taken {
@@ -38,7 +52,7 @@ class UtfStrings {
     Taken& at(std::size_t index) {
         return index < first_.size() ? first_[index] : further_[index - first_.size()];
     }
-    void releaseFrom(std::size_t first) noexcept;
+    void giveBack(const Taken& taken) noexcept { env_->ReleaseStringUTFChars(taken.string, taken.chars); }
 
     JNIEnv* env_;
     std::size_t count_ = 0;
