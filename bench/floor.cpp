@@ -61,8 +61,7 @@ jobject report(JNIEnv* env, jobject receiver, Service::ReturnCode code) {
     jclass codeClass = env->FindClass("com/kvo/talvern/config/ReturnCode");
     jmethodID valueOf = env->GetStaticMethodID(codeClass, "valueOf",
                                                "(Ljava/lang/String;)Lcom/kvo/talvern/config/ReturnCode;");
-    const jvalue name =
-        asValue(env->NewStringUTF(config::RETURNCODE_STR[static_cast<std::int32_t>(code)]));
+    const jvalue name = asValue(env->NewStringUTF(config::RETURNCODE_STR[static_cast<std::int32_t>(code)]));
     const jvalue javaCode = asValue(env->CallStaticObjectMethodA(codeClass, valueOf, &name));
     jmethodID setReturnCode = env->GetMethodID(env->GetObjectClass(receiver), "setReturnCode",
                                                "(Lcom/kvo/talvern/config/ReturnCode;)V");
@@ -261,10 +260,10 @@ JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_bench_Floor_getRaidVolumes(J
                                 env->NewObjectA(partitionClass, createEmptyPartition, nullptr));
         for (std::size_t j = 0; j < volume.partitions.size(); ++j) {
             const statusUtils::PartitionStatus& partition = volume.partitions[j];
-            const jvalue arguments[] = {
-                asValue(toJava(env, partition.mountPoint)), asValue(jint{partition.size}),
-                asValue(jint{partition.used}), asValue(toJava(env, partition.fileSystem)),
-                asValue(partition.isMounted)};
+            const jvalue arguments[] = {asValue(toJava(env, partition.mountPoint)),
+                                        asValue(jint{partition.size}), asValue(jint{partition.used}),
+                                        asValue(toJava(env, partition.fileSystem)),
+                                        asValue(partition.isMounted)};
             env->SetObjectArrayElement(partitions, static_cast<jsize>(j),
                                        env->NewObjectA(partitionClass, createPartition, arguments));
         }

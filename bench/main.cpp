@@ -19,7 +19,8 @@ double median(std::vector<double> values) {
     return *middle;
 }
 
-/// How many calls are timed at once. Short rounds are seldom interrupted on a machine that does other work too.
+/// How many calls are timed at once. Short rounds are seldom interrupted on a machine that does other work
+/// too.
 int callsPerRound(const Cases& cases, int index) {
     constexpr double enough = 300'000;  // nanoseconds
     int calls = 1;

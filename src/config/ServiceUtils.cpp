@@ -34,10 +34,10 @@ struct ObjectId {
 
 /// Stores the outcome on the receiver, gives the characters back, and makes the outcome the result.
 jobject report(JNIEnv* env, jobject receiver, UtfStrings& utf, Service::ReturnCode code) {
-    jobject javaCode = convertReturnCode(env, code);
-    storeReturnCode(env, receiver, javaCode);
+    const JavaReturnCodes codes{env, talvern::config::RETURNCODE_STR};
+    storeReturnCode(env, receiver, codes.of(code));
     utf.release();
-    return javaCode;
+    return codes.of(code);
 }
 
 /// Asks the service for an operation with a value. A null value is answered without asking it.

@@ -8,14 +8,6 @@ using talvern::config::Service;
 
 namespace {
 
-/// The constant of the Java enum that the name table gives for `value`.
-template <Literal Class, typename NativeEnum>
-jobject constantByName(JNIEnv* env, const char* const* names, NativeEnum value) {
-    const StaticMethod<"valueOf", Literal{"(Ljava/lang/String;)L"} + Class + Literal{";"}> valueOf{
-        env, findClass(env, Class.text)};
-    return valueOf(notNull(env->NewStringUTF(names[static_cast<std::int32_t>(value)])));
-}
-
 jint numberOf(JNIEnv* env, jobject state) {
     if (state == nullptr) throw std::invalid_argument{"null state argument"};
     return call<"getValue", "()I">(env, state);
@@ -24,15 +16,15 @@ jint numberOf(JNIEnv* env, jobject state) {
 }  // namespace
 
 jobject convertOpState(JNIEnv* env, Service::OpState state) {
-    return constantByName<"com/kvo/talvern/config/OpState">(env, talvern::config::OPSTATE_STR, state);
+    return JavaConstants<"com/kvo/talvern/config/OpState">{env, talvern::config::OPSTATE_STR}.of(state);
 }
 
 jobject convertAdminState(JNIEnv* env, Service::AdminState state) {
-    return constantByName<"com/kvo/talvern/config/AdminState">(env, talvern::config::ADMINSTATE_STR, state);
+    return JavaConstants<"com/kvo/talvern/config/AdminState">{env, talvern::config::ADMINSTATE_STR}.of(state);
 }
 
 jobject convertReturnCode(JNIEnv* env, Service::ReturnCode code) {
-    return constantByName<"com/kvo/talvern/config/ReturnCode">(env, talvern::config::RETURNCODE_STR, code);
+    return JavaReturnCodes{env, talvern::config::RETURNCODE_STR}.of(code);
 }
 
 Service::OpState convertJOpState(JNIEnv* env, jobject state) {

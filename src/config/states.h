@@ -2,10 +2,34 @@
 
 #include <jni.h>
 
+#include <cstdint>
+
+#include "bridge/javaMembers.h"
 #include "platform/configService.h"
 
 // States and return codes of the configuration service. They reach Java by name and come from Java by number.
 // A lookup that fails throws PendingJavaException. Results are local references.
+
+/// The constants of a Java enum by the names that the platform gives them, from one lookup.
+template <Literal Class>
+class JavaConstants {
+  public:
+    JavaConstants(JNIEnv* env, const char* const* names)
+        : env_{env}, names_{names}, valueOf_{env, findClass(env, Class.text)} {}
+
+    /// The constant; null if Java has none of this name, with its IllegalArgumentException pending.
+    template <typename NativeEnum>
+    [[nodiscard]] jobject of(NativeEnum value) const {
+        return valueOf_(notNull(env_->NewStringUTF(names_[static_cast<std::int32_t>(value)])));
+    }
+
+  private:
+    JNIEnv* env_;
+    const char* const* names_;
+    StaticMethod<"valueOf", Literal{"(Ljava/lang/String;)L"} + Class + Literal{";"}> valueOf_;
+};
+
+using JavaReturnCodes = JavaConstants<"com/kvo/talvern/config/ReturnCode">;
 
 /// The Java constant; null if Java has none of this name, with its IllegalArgumentException pending.
 JNIEXPORT jobject convertOpState(JNIEnv* env, talvern::config::Service::OpState state);
