@@ -14,8 +14,10 @@ std::vector<std::string> toNativeStringList(JNIEnv* env, jobjectArray strings) {
     const jsize length = lengthOf(env, strings);
     std::vector<std::string> list;
     list.reserve(static_cast<std::size_t>(length));
+    UtfStrings utf{env};
     for (jsize i = 0; i < length; ++i) {
-        list.push_back(toNativeString(env, elementOf(env, strings, i)));
+        list.emplace_back(utf.take(elementOf(env, strings, i)));
+        utf.releaseLast();
     }
     return list;
 }

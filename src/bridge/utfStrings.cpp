@@ -6,20 +6,16 @@
 
 const char* UtfStrings::take(jstring string) {
     if (string == nullptr) throw std::invalid_argument{"null string argument"};
-    taken_.emplace_back(string, nullptr);  // room first: a throw after the take would lose the buffer
+    // Room first: a throw after the take would lose the buffer.
+    if (count_ == first_.size() + further_.size()) further_.emplace_back();
     const char* chars = env_->GetStringUTFChars(string, nullptr);
-    if (chars == nullptr) {
-        taken_.pop_back();
-        throw PendingJavaException{};
-    }
-    taken_.back().second = chars;
+    if (chars == nullptr) throw PendingJavaException{};
+    at(count_++) = {string, chars};
     return chars;
 }
 
 void UtfStrings::releaseFrom(std::size_t first) noexcept {
     // In the order taken; a chain of destructors would run backwards.
-    for (std::size_t i = first; i < taken_.size(); ++i) {
-        env_->ReleaseStringUTFChars(taken_[i].first, taken_[i].second);
-    }
-    taken_.resize(first);
+    for (std::size_t i = first; i < count_; ++i) env_->ReleaseStringUTFChars(at(i).string, at(i).chars);
+    count_ = first;
 }

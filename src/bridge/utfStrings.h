@@ -2,8 +2,8 @@
 
 #include <jni.h>
 
+#include <array>
 #include <cstddef>
-#include <utility>
 #include <vector>
 
 /// The UTF characters that one native method has taken from Java strings.
@@ -27,11 +27,21 @@ class UtfStrings {
     void release() noexcept { releaseFrom(0); }
 
     /// Gives back what was taken last.
-    void releaseLast() noexcept { releaseFrom(taken_.size() - 1); }
+    void releaseLast() noexcept { releaseFrom(count_ - 1); }
 
   private:
+    struct Taken {
+        jstring string;
+        const char* chars;
+    };
+
+    Taken& at(std::size_t index) {
+        return index < first_.size() ? first_[index] : further_[index - first_.size()];
+    }
     void releaseFrom(std::size_t first) noexcept;
 
     JNIEnv* env_;
-    std::vector<std::pair<jstring, const char*>> taken_;
+    std::size_t count_ = 0;
+    std::array<Taken, 4> first_{};  ///< more than almost all native methods take, and without an allocation
+    std::vector<Taken> further_;
 };

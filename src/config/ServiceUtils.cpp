@@ -34,9 +34,10 @@ struct ObjectId {
 
 /// Stores the outcome on the receiver, gives the characters back, and makes the outcome the result.
 jobject report(JNIEnv* env, jobject receiver, UtfStrings& utf, Service::ReturnCode code) {
-    setReturnCode(env, receiver, code);
+    jobject javaCode = convertReturnCode(env, code);
+    storeReturnCode(env, receiver, javaCode);
     utf.release();
-    return convertReturnCode(env, code);
+    return javaCode;
 }
 
 /// Asks the service for an operation with a value. A null value is answered without asking it.

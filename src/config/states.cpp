@@ -44,6 +44,9 @@ Service::AdminState convertJAdminState(JNIEnv* env, jobject state) {
 }
 
 void setReturnCode(JNIEnv* env, jobject holder, Service::ReturnCode code) {
-    jobject javaCode = convertReturnCode(env, code);
+    storeReturnCode(env, holder, convertReturnCode(env, code));
+}
+
+void storeReturnCode(JNIEnv* env, jobject holder, jobject javaCode) {
     call<"setReturnCode", "(Lcom/kvo/talvern/config/ReturnCode;)V">(env, holder, javaCode);
 }

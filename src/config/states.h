@@ -25,3 +25,6 @@ JNIEXPORT talvern::config::Service::AdminState convertJAdminState(JNIEnv* env, j
 
 /// Stores `code` on the Java object that asked for the operation.
 JNIEXPORT void setReturnCode(JNIEnv* env, jobject holder, talvern::config::Service::ReturnCode code);
+
+/// Stores the Java constant of a return code there.
+void storeReturnCode(JNIEnv* env, jobject holder, jobject javaCode);

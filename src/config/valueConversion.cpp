@@ -191,10 +191,12 @@ struct IteratorMembers {
 
 struct EntryMembers {
     explicit EntryMembers(JNIEnv* env) : EntryMembers{env, findClass(env, "java/util/Map$Entry")} {}
-    EntryMembers(JNIEnv* env, jclass javaClass) : getKey{env, javaClass}, getValue{env, javaClass} {}
+    EntryMembers(JNIEnv* env, jclass javaClass)
+        : getKey{env, javaClass}, getValue{env, javaClass}, string{findClass(env, "java/lang/String")} {}
 
     Method<"getKey", "()Ljava/lang/Object;"> getKey;
     Method<"getValue", "()Ljava/lang/Object;"> getValue;
+    jclass string;
 };
 
 /// The steps from Java to native.
@@ -270,6 +272,10 @@ class ToNative {
         if (entry == nullptr) throw std::invalid_argument{"null map entry"};
         const EntryMembers& members = entry_.get(env_);
         jobject javaKey = required(members.getKey(entry), "null value key");
+        // Raw types let anything be a key; taking the characters of another object would end the JVM.
+        if (env_->IsInstanceOf(javaKey, members.string) != JNI_TRUE) {
+            throw std::invalid_argument{"value key that is not a string"};
+        }
         key = utf_.take(static_cast<jstring>(javaKey));
         return members.getValue(entry);
     }

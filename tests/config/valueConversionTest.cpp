@@ -81,10 +81,15 @@ TEST_F(ValueConversionTest, SaysWhatIsWrongWithAJavaValue) {
     const std::string ours = "com.kvo.talvern.TalvernException: ";
     const std::string theirs = "java.lang.IllegalStateException: ";
     const std::map<const char*, std::string> faults{
-        {"null text", ours + "null value text"},     {"throwing text", theirs + "getValue"},
-        {"null iterator", ours + "null iterator"},   {"throwing iterator", theirs + "iterator"},
-        {"null entry set", ours + "null entry set"}, {"null set iterator", ours + "null iterator"},
-        {"null entry", ours + "null map entry"},     {"null key", ours + "null value key"}};
+        {"null text", ours + "null value text"},
+        {"throwing text", theirs + "getValue"},
+        {"null iterator", ours + "null iterator"},
+        {"throwing iterator", theirs + "iterator"},
+        {"null entry set", ours + "null entry set"},
+        {"null set iterator", ours + "null iterator"},
+        {"null entry", ours + "null map entry"},
+        {"null key", ours + "null value key"},
+        {"number as key", ours + "value key that is not a string"}};
     EXPECT_CALL(service(), updateObject).Times(0);
     for (const auto& [fault, exception] : faults) {
         SCOPED_TRACE(fault);
@@ -148,6 +153,18 @@ TEST_F(ValueConversionTest, RendersTheConvertedTree) {
         return dynamic_cast<const StructValue&>(value).members.begin()->first;
     });
     EXPECT_EQ(callOn(faulty("unknown kind"), "config/Value", "_asXML").resultText, "first");
+}
+
+TEST_F(ValueConversionTest, GivesEachKeyBackAsSoonAsItsMemberIsStored) {
+    table.restart();
+    callOn(large(2), "config/Value", "_asXML");
+    std::vector<std::string> expected;
+    for (int member = 0; member < 4; ++member) {
+        for (const char* function : {"GetStringUTFChars", "ReleaseStringUTFChars"}) {
+            expected.insert(expected.end(), 2, function);  // of the key and of its text
+        }
+    }
+    EXPECT_EQ(callsOf({"GetStringUTFChars", "ReleaseStringUTFChars"}), expected);
 }
 
 TEST_F(ValueConversionTest, RefusesToRenderAValueOfUnknownKind) {

@@ -9,7 +9,9 @@ using Mock = EthernetInterfacesMock;
 
 namespace talvern::ethernetInterfaces {
 
-std::vector<std::string>* getInterfaceNames() { return platform::operation(&Mock::getInterfaceNames); }
+std::vector<std::string>* getInterfaceNames() {
+    return platform::operation(&Mock::getInterfaceNames).release();
+}
 bool getInterfaces(std::vector<KeyValPair*>& interfaces) {
     return platform::operation(&Mock::getInterfaces, interfaces);
 }

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <gmock/gmock.h>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -16,7 +17,9 @@ struct EthernetInterfacesMock {
         using testing::DoAll;
         using testing::Return;
         status.details = {&eth0, &eth1};
-        ON_CALL(*this, getInterfaceNames).WillByDefault([] { return new Texts{"eth0", "eth1"}; });
+        ON_CALL(*this, getInterfaceNames).WillByDefault([] {
+            return std::make_unique<Texts>(Texts{"eth0", "eth1"});
+        });
         ON_CALL(*this, getInterfaces)
             .WillByDefault(DoAll(testing::SetArgReferee<0>(status.details), Return(true)));
         ON_CALL(*this, getInterface).WillByDefault(Return(&eth0));
@@ -25,7 +28,7 @@ struct EthernetInterfacesMock {
         ON_CALL(*this, getVLANStatus).WillByDefault(Return(&status));
     }
 
-    MOCK_METHOD(Texts*, getInterfaceNames, ());
+    MOCK_METHOD(std::unique_ptr<Texts>, getInterfaceNames, ());
     MOCK_METHOD(bool, getInterfaces, (std::vector<KeyValPair*> & interfaces));
     MOCK_METHOD(KeyValPair*, getInterface, (const std::string& name));
     MOCK_METHOD(std::int32_t, setInterface, (KeyValPair & attributes));

@@ -40,6 +40,12 @@ void makeHostile(Answer& answer, Hostility hostility) {
     }
 }
 
+/// An answer that the bridge is to delete.
+template <typename Answer>
+void makeHostile(std::unique_ptr<Answer>& answer, Hostility hostility) {
+    if (hostility == Hostility::empty) answer.reset();
+}
+
 template <typename Element>
 void makeHostile(std::vector<Element>& list, Hostility hostility) {
     if (hostility == Hostility::empty) {

@@ -45,10 +45,10 @@ TEST_F(EthernetInterfacesTest, GivesTheNamesAndTakesNullForNone) {
     using Texts = std::vector<std::string>;
     EXPECT_CALL(interfaces, getInterfaceNames)
         .WillOnce([] {
-            return new Texts{"lo", "eth0"};
+            return std::make_unique<Texts>(Texts{"lo", "eth0"});
         })
-        .WillOnce([] { return new Texts; })
-        .WillOnce(Return(nullptr));
+        .WillOnce([] { return std::make_unique<Texts>(); })
+        .WillOnce([] { return nullptr; });
     for (const char* names : {"[lo, eth0]", "[]", "[]"}) {
         EXPECT_EQ(callInterfaces("_getInterfaceNames").resultText, names);
     }

@@ -135,6 +135,11 @@ public final class Values {
         return value;
     }
 
+    @SuppressWarnings({"unchecked", "rawtypes"})
+    private static Set<Map.Entry<String, Value>> withNumberAsKey() {
+        return (Set) Collections.singletonMap(7, null).entrySet();
+    }
+
     private static Value member(String fault) {
         switch (fault) {
             case "unknown kind":
@@ -185,6 +190,8 @@ public final class Values {
             case "null key":
                 return new Entries(false, Collections.<Map.Entry<String, Value>>singletonList(
                         new AbstractMap.SimpleEntry<>(null, null)).iterator());
+            case "number as key":
+                return new Entries(false, withNumberAsKey().iterator());
             default:
                 throw new NoSuchElementException(fault);
         }
