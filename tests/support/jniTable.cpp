@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstring>
 #include <link.h>
+#include <set>
 #include <string_view>
 #include <type_traits>
 
@@ -61,6 +62,27 @@ std::string nameOf(JNIEnv* env, jclass javaClass) {
     return text;
 }
 
+std::set<std::string>& recorded() {
+    static std::set<std::string> all;
+    return all;
+}
+
+/// Notes what the bridge needs of a class of the Java side. A class of the tests stands for the one that it
+/// extends.
+void record(JNIEnv* env, const char* kind, jclass javaClass, const std::string& member) {
+    if (original->ExceptionCheck(env) == JNI_TRUE) return;
+    original->PushLocalFrame(env, 10);
+    std::string name = nameOf(env, javaClass);
+    while (name.starts_with("com.kvo.talvern.testing.")) {
+        javaClass = original->GetSuperclass(env, javaClass);
+        name = nameOf(env, javaClass);
+    }
+    original->PopLocalFrame(env, nullptr);
+    if (!name.starts_with("com.kvo.talvern.")) return;
+    std::replace(name.begin(), name.end(), '.', '/');
+    recorded().insert(std::string{kind} + " " + name + member);
+}
+
 template <auto Slot>
 struct Hook;
 
@@ -108,21 +130,44 @@ jclass JNICALL hookedFindClass(JNIEnv* env, const char* name) {
         raise(env, "java/lang/NoClassDefFoundError", name);
         return nullptr;
     }
-    return original->FindClass(env, name);
+    jclass javaClass = original->FindClass(env, name);
+    if (isWatched(__builtin_return_address(0))) record(env, "class", javaClass, {});
+    return javaClass;
 }
 
 template <auto Slot>
 jmethodID JNICALL hookedLookup(JNIEnv* env, jclass javaClass, const char* name, const char* signature) {
     const UncountedAllocations uncounted;
-    if (isWatched(__builtin_return_address(0))) {
-        const char* function =
-            Slot == &JNINativeInterface_::GetMethodID ? "GetMethodID" : "GetStaticMethodID";
-        if (current->mustFail(function, nameOf(env, javaClass) + "." + name + " " + signature)) {
-            raise(env, "java/lang/NoSuchMethodError", name);
-            return nullptr;
-        }
+    constexpr bool isStatic = Slot == &JNINativeInterface_::GetStaticMethodID;
+    const bool watched = isWatched(__builtin_return_address(0));
+    const std::string member = std::string{name} + " " + signature;
+    if (watched && current->mustFail(isStatic ? "GetStaticMethodID" : "GetMethodID",
+                                     nameOf(env, javaClass) + "." + member)) {
+        raise(env, "java/lang/NoSuchMethodError", name);
+        return nullptr;
     }
-    return (original->*Slot)(env, javaClass, name, signature);
+    jmethodID id = (original->*Slot)(env, javaClass, name, signature);
+    if (watched && id != nullptr) record(env, isStatic ? "static" : "method", javaClass, " " + member);
+    return id;
+}
+
+jint JNICALL hookedThrowNew(JNIEnv* env, jclass javaClass, const char* message) {
+    const UncountedAllocations uncounted;
+    if (isWatched(__builtin_return_address(0))) {
+        current->noteSafe("ThrowNew");
+        record(env, "throwable", javaClass, {});
+        record(env, "method", javaClass, " <init> (Ljava/lang/String;)V");
+    }
+    return original->ThrowNew(env, javaClass, message);
+}
+
+jint JNICALL hookedThrow(JNIEnv* env, jthrowable exception) {
+    const UncountedAllocations uncounted;
+    if (isWatched(__builtin_return_address(0))) {
+        current->noteSafe("Throw");
+        record(env, "throwable", original->GetObjectClass(env, exception), {});
+    }
+    return original->Throw(env, exception);
 }
 
 const char* JNICALL hookedGetStringUTFChars(JNIEnv* env, jstring string, jboolean* isCopy) {
@@ -164,14 +209,14 @@ const JNINativeInterface_* hookedTable() {
     HOOK(SafeHook, ExceptionDescribe);
     HOOK(SafeHook, ExceptionClear);
     HOOK(SafeHook, ExceptionCheck);
-    HOOK(SafeHook, ThrowNew);
-    HOOK(SafeHook, Throw);
     HOOK(SafeHook, DeleteGlobalRef);
     HOOK(SafeHook, PopLocalFrame);
 #undef HOOK
     table.GetJavaVM = hookedStatus<&JNINativeInterface_::GetJavaVM>;
     table.PushLocalFrame = hookedStatus<&JNINativeInterface_::PushLocalFrame>;
     table.FindClass = hookedFindClass;
+    table.ThrowNew = hookedThrowNew;
+    table.Throw = hookedThrow;
     table.GetMethodID = hookedLookup<&JNINativeInterface_::GetMethodID>;
     table.GetStaticMethodID = hookedLookup<&JNINativeInterface_::GetStaticMethodID>;
     table.GetStringUTFChars = hookedGetStringUTFChars;
@@ -180,6 +225,8 @@ const JNINativeInterface_* hookedTable() {
 }
 
 }  // namespace
+
+const std::set<std::string>& recordedRequirements() { return recorded(); }
 
 JniTable* currentJniTable() { return current; }
 

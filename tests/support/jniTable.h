@@ -3,6 +3,7 @@
 #include <jni.h>
 
 #include <cstddef>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -68,3 +69,7 @@ class JniTable {
 
 /// The table of the current thread, or null.
 JniTable* currentJniTable();
+
+/// What the bridge has needed of the Java side in all tests so far, as it stands in the bridge's list: each
+/// class, method and exception that it looked up and found.
+const std::set<std::string>& recordedRequirements();

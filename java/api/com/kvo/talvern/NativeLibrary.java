@@ -1,12 +1,19 @@
 package com.kvo.talvern;
 
+import com.kvo.talvern.internal.ElfLibrary;
+import com.kvo.talvern.internal.Requirements;
+import com.kvo.talvern.internal.SymbolNames;
 import java.io.File;
+import java.io.IOException;
+import java.lang.reflect.Method;
+import java.lang.reflect.Modifier;
 import java.net.URISyntaxException;
 import java.security.CodeSource;
 import java.util.ArrayList;
 import java.util.LinkedHashSet;
 import java.util.List;
 import java.util.Set;
+import java.util.zip.ZipFile;
 
 /**
  * Loads the native half of this API, once per class loader. Every class with native methods does so when it
@@ -21,44 +28,111 @@ public final class NativeLibrary {
 
     private static final String FILE_NAME = System.mapLibraryName("talvernjni");
 
-    private static boolean isLoaded;
+    /** The functions of the loaded library; null until it is loaded. */
+    private static Set<String> functions;
 
     private NativeLibrary() {}
 
     /**
-     * Loads the native library unless it is loaded already.
+     * Loads the native library unless it is loaded already, and makes sure that it has the native methods of
+     * the class that calls.
      *
-     * @throws UnsatisfiedLinkError if it can't be loaded; the message says what was looked for, where, and
-     *     what to do
+     * @throws UnsatisfiedLinkError if it can't be loaded or lacks one; the message says what is wrong, where
+     *     it was looked for, and what to do
      */
     public static synchronized void load() {
-        if (isLoaded) {
-            return;
+        if (functions == null) {
+            functions = load(file());
         }
+        requireNatives(Thread.currentThread().getStackTrace()[2].getClassName());
+    }
+
+    /**
+     * Finds the native library and does not load it.
+     *
+     * @return the file that {@link #load()} takes
+     * @throws UnsatisfiedLinkError if there is none; the message says where it was looked for
+     */
+    public static File file() {
         Set<File> folders = folders();
         for (File folder : folders) {
             File file = new File(folder, FILE_NAME);
             if (file.isFile()) {
-                load(file);
-                isLoaded = true;
-                return;
+                return file;
             }
         }
-        throw new UnsatisfiedLinkError("The Talvern library " + FILE_NAME + " was not found. Looked in: "
-                + join(folders) + ". Install it in one of these folders, or name its folder with -D"
-                + PATH_PROPERTY + "=FOLDER.");
+        throw LoadFailure.notFound(FILE_NAME, folders);
     }
 
-    private static void load(File file) {
+    private static Set<String> load(File file) {
+        ElfLibrary library = LoadFailure.read(file);
+        Requirements requirements = new Requirements(library);
+        requireSameRelease(file, requirements.version());
+        requireClasses(file, requirements.classes());
         try {
-            System.load(file.getAbsolutePath());
-        } catch (UnsatisfiedLinkError e) {
-            UnsatisfiedLinkError explained = new UnsatisfiedLinkError("The Talvern library " + file
-                    + " was found but can't be loaded: " + e.getMessage()
-                    + ". It needs the platform library libtalvern.so.1, with every operation that it calls,"
-                    + " in the same folder or on the system's library path.");
-            explained.initCause(e);
-            throw explained;
+            System.load(file.getPath());
+        } catch (UnsatisfiedLinkError | RuntimeException e) {
+            throw LoadFailure.explain(file, e);
+        }
+        return library.exports();
+    }
+
+    /** Classes that come without the jar and its version are taken as they are. */
+    private static void requireSameRelease(File file, String version) {
+        String expected = NativeLibrary.class.getPackage().getImplementationVersion();
+        if (expected != null && !expected.equals(version)) {
+            throw LoadFailure.because(file + " has version " + version + ", but the Java classes in " + jar()
+                    + " have version " + expected + ". Install both from the same release.", null);
+        }
+    }
+
+    private static void requireClasses(File file, Set<String> classes) {
+        List<String> missing = new ArrayList<>();
+        for (String name : notInJar(classes)) {
+            if (NativeLibrary.class.getResource("/" + name + ".class") == null) {
+                missing.add(name.replace('/', '.'));
+            }
+        }
+        if (!missing.isEmpty()) {
+            throw LoadFailure.because(file + " needs Java classes that are not found where " + jar()
+                    + " is loaded from: " + String.join(", ", missing)
+                    + ". Use the complete jar of the same release.", null);
+        }
+    }
+
+    /** The classes that have to be looked for elsewhere, which takes long: through all class loaders. */
+    private static List<String> notInJar(Set<String> classes) {
+        List<String> others = new ArrayList<>(classes);
+        File jar = jar();
+        if (jar != null && jar.isFile()) {
+            try (ZipFile content = new ZipFile(jar)) {
+                others.removeIf(name -> content.getEntry(name + ".class") != null);
+            } catch (IOException e) {
+                return others; // the class loaders have the last word
+            }
+        }
+        return others;
+    }
+
+    private static void requireNatives(String className) {
+        if (!className.startsWith("com.kvo.talvern.")) {
+            return;
+        }
+        List<String> missing = new ArrayList<>();
+        try {
+            Class<?> caller = Class.forName(className, false, NativeLibrary.class.getClassLoader());
+            for (Method method : caller.getDeclaredMethods()) {
+                if (Modifier.isNative(method.getModifiers()) && !functions.contains(
+                        SymbolNames.ofNative(className.replace('.', '/'), method.getName()))) {
+                    missing.add(method.getName());
+                }
+            }
+        } catch (ClassNotFoundException e) {
+            return; // a class of the caller's own, from elsewhere
+        }
+        if (!missing.isEmpty()) {
+            throw LoadFailure.because(file() + " has no native method " + String.join(", ", missing) + " of "
+                    + className + ", which comes from " + jar() + ". Install both from the same release.", null);
         }
     }
 
@@ -69,9 +143,9 @@ public final class NativeLibrary {
             folders.add(new File(configured).getAbsoluteFile());
             return folders;
         }
-        File jarFolder = jarFolder();
-        if (jarFolder != null) {
-            folders.add(jarFolder);
+        File jar = jar();
+        if (jar != null) {
+            folders.add(jar.getParentFile());
         }
         for (String folder : System.getProperty("java.library.path", "").split(File.pathSeparator)) {
             if (!folder.isEmpty()) {
@@ -81,20 +155,13 @@ public final class NativeLibrary {
         return folders;
     }
 
-    private static File jarFolder() {
+    /** The jar or folder that the Java classes come from; null if they are not loaded from a file. */
+    private static File jar() {
         CodeSource source = NativeLibrary.class.getProtectionDomain().getCodeSource();
         try {
-            return source == null ? null : new File(source.getLocation().toURI()).getParentFile();
+            return source == null ? null : new File(source.getLocation().toURI());
         } catch (URISyntaxException | IllegalArgumentException e) {
-            return null; // not a file: the classes come from somewhere else
+            return null;
         }
-    }
-
-    private static String join(Set<File> folders) {
-        List<String> names = new ArrayList<>();
-        for (File folder : folders) {
-            names.add(folder.getPath());
-        }
-        return String.join(", ", names);
     }
 }

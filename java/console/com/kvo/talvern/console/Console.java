@@ -1,0 +1,92 @@
+package com.kvo.talvern.console;
+
+import com.kvo.talvern.TalvernException;
+import java.io.FileDescriptor;
+import java.io.FileOutputStream;
+import java.io.PrintWriter;
+import java.nio.charset.StandardCharsets;
+import java.util.LinkedHashMap;
+import java.util.Map;
+import java.util.function.Supplier;
+import picocli.CommandLine;
+import picocli.CommandLine.Model.CommandSpec;
+import picocli.CommandLine.Model.OptionSpec;
+import picocli.CommandLine.ParameterException;
+
+/** The command line over the API. */
+public final class Console implements Runnable {
+    private static final Map<String, Supplier<ConsoleCommand>> COMMANDS = new LinkedHashMap<>();
+
+    static {
+        COMMANDS.put("check", CheckCommand::new);
+        COMMANDS.put("completion", CompletionCommand::new);
+    }
+
+    private final CommandSpec spec = CommandSpec.wrapWithoutInspection(this).name("talvern-console");
+
+    private Console() {
+        spec.usageMessage().description("Manages an appliance, and checks an installation.");
+        spec.addOption(OptionSpec.builder("-h", "--help").usageHelp(true).description("Show this help.").build());
+        spec.addOption(OptionSpec.builder("-V", "--version").versionHelp(true).description("Show the version.").build());
+        spec.version("talvern-console " + Console.class.getPackage().getImplementationVersion());
+    }
+
+    /**
+     * @param arguments the command line
+     */
+    public static void main(String[] arguments) {
+        PrintWriter out = writer(FileDescriptor.out);
+        PrintWriter err = writer(FileDescriptor.err);
+        int exitCode;
+        try {
+            exitCode = commandLine(arguments).setOut(out).setErr(err).execute(arguments);
+        } catch (LinkageError e) {
+            exitCode = fail(err, e.getMessage(), ExitCode.NOT_LOADED);
+        }
+        out.flush();
+        err.flush();
+        System.exit(exitCode);
+    }
+
+    /** What reads these arguments: made ready for the command that they name, or else for all. */
+    static CommandLine commandLine(String... arguments) {
+        CommandSpec spec = new Console().spec;
+        String first = arguments.length == 0 ? "" : arguments[0];
+        COMMANDS.forEach((name, command) -> {
+            if (name.equals(first) || !COMMANDS.containsKey(first)) {
+                spec.addSubcommand(name, command.get().spec);
+            }
+        });
+        return new CommandLine(spec)
+                .setColorScheme(Terminal.colors())
+                .setUsageHelpWidth(Math.max(Terminal.width(80), 55))
+                .setCaseInsensitiveEnumValuesAllowed(true)
+                .setParameterExceptionHandler((e, given) -> explainUsage(e))
+                .setExecutionExceptionHandler((e, command, parsed) -> explain(e, command.getErr()));
+    }
+
+    @Override
+    public void run() {
+        throw new ParameterException(spec.commandLine(), "A command is missing.");
+    }
+
+    private static int explainUsage(ParameterException e) {
+        CommandLine command = e.getCommandLine();
+        return fail(command.getErr(), e.getMessage().replaceFirst("[.]?$", ". See `") + command.getCommandSpec().qualifiedName()
+                + " --help`.", ExitCode.USAGE);
+    }
+
+    private static int explain(Exception e, PrintWriter err) {
+        String kind = e instanceof TalvernException ? "" : e.getClass().getSimpleName() + ": ";
+        return fail(err, kind + e.getMessage(), ExitCode.REFUSED);
+    }
+
+    private static int fail(PrintWriter err, String message, int exitCode) {
+        err.println("talvern-console: " + message);
+        return exitCode;
+    }
+
+    private static PrintWriter writer(FileDescriptor descriptor) {
+        return new PrintWriter(new FileOutputStream(descriptor), false, StandardCharsets.UTF_8);
+    }
+}

@@ -1,0 +1,21 @@
+package com.kvo.talvern.console;
+
+/** How the console ends, for scripts. */
+public final class ExitCode {
+    /** What was asked for is done. */
+    public static final int DONE = 0;
+
+    /** The appliance refused it, or failed. */
+    public static final int REFUSED = 1;
+
+    /** The command line is wrong. */
+    public static final int USAGE = 2;
+
+    /** The native library can't be loaded. */
+    public static final int NOT_LOADED = 3;
+
+    /** The Java classes, the bridge and the platform library don't fit together. */
+    public static final int MISMATCH = 4;
+
+    private ExitCode() {}
+}
