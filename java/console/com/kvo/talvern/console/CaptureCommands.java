@@ -9,6 +9,10 @@ final class CaptureCommands extends Group {
 
     CaptureCommands() {
         super("capture", "Captures packets on the network interfaces, at most one capture on each.");
+    }
+
+    @Override
+    void addCommands() {
         change("start", "Starts a capture.", command -> {
             kwInterfaceState state = new PacketCapture().startPacketCapture(command.text("INTERFACE"), command.text("FILE"),
                     command.option("--filter", ""), command.option("--snap-length", -1), command.option("--max-bytes", 0),

@@ -12,6 +12,10 @@ final class ConfigCommands extends Group {
 
     ConfigCommands() {
         super("config", "Shows and changes the configuration objects.");
+    }
+
+    @Override
+    void addCommands() {
         show("list", "Lists the objects.", command -> {
             String type = command.text("TYPE");
             return new Fields().and("objects", type == null ? objects() : objects(new Table(), type, parent(command)));

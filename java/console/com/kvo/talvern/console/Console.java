@@ -8,6 +8,7 @@ import java.io.PrintWriter;
 import java.nio.charset.StandardCharsets;
 import java.util.LinkedHashMap;
 import java.util.Map;
+import java.util.function.Predicate;
 import java.util.function.Supplier;
 import java.util.stream.Collectors;
 import picocli.CommandLine;
@@ -63,16 +64,24 @@ public final class Console implements Runnable {
 
     /** The whole command line. */
     static CommandLine complete() {
-        return commandLine("");
+        return commandLine(name -> true);
     }
 
     /** What reads these arguments: made ready for the command that they name, or else for all. */
     static CommandLine commandLine(String... arguments) {
+        return commandLine(name -> arguments.length > 0 && name.equals(arguments[0]));
+    }
+
+    private static CommandLine commandLine(Predicate<String> isNeeded) {
         CommandSpec spec = new Console().spec;
-        String first = arguments.length == 0 ? "" : arguments[0];
+        boolean isAnyNeeded = COMMANDS.keySet().stream().anyMatch(isNeeded);
         COMMANDS.forEach((name, command) -> {
-            if (name.equals(first) || !COMMANDS.containsKey(first)) {
-                spec.addSubcommand(name, command.get());
+            if (isNeeded.test(name) || !isAnyNeeded) {
+                CommandSpec child = command.get();
+                if (isNeeded.test(name) && child.userObject() instanceof Group) {
+                    ((Group) child.userObject()).addCommands();
+                }
+                spec.addSubcommand(name, child);
             }
         });
         return new CommandLine(spec)

@@ -19,7 +19,7 @@ abstract class ConsoleCommand implements Callable<Integer> {
      */
     protected ConsoleCommand(String name, String description) {
         spec = CommandSpec.wrapWithoutInspection(this).name(name);
-        spec.usageMessage().description(description);
+        spec.usageMessage().description(description.split("(?<=[.]) ", 2)); // a list of commands shows the first sentence
         spec.addOption(OptionSpec.builder("-h", "--help").usageHelp(true).description("Show this help.").build());
         addFlag("--json", "Print the result as JSON.");
     }

@@ -17,6 +17,10 @@ final class DeviceCommands extends Group {
 
     DeviceCommands() {
         super("device", "Restarts, switches off and resets the appliance, and changes what concerns it as a whole.");
+    }
+
+    @Override
+    void addCommands() {
         change("reboot", "Restarts the appliance.", command ->
                 Refusal.unlessZero(new ProcessManagerUtils().requestReboot())).confirmed(REBOOT);
         change("shutdown", "Switches the appliance off.", command ->

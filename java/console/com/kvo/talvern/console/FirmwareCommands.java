@@ -9,6 +9,10 @@ final class FirmwareCommands extends Group {
 
     FirmwareCommands() {
         super("firmware", "Shows and replaces the firmware.");
+    }
+
+    @Override
+    void addCommands() {
         show("info", "Shows what is known of the firmware.", command -> firmware());
         change("upgrade", "Installs another firmware, and shows how far it has come.", command -> {
             Progress progress = new Progress(command.output());

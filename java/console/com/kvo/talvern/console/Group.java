@@ -15,9 +15,12 @@ class Group implements Runnable {
      */
     Group(String name, String description) {
         spec = CommandSpec.wrapWithoutInspection(this).name(name);
-        spec.usageMessage().description(description);
+        spec.usageMessage().description(description.split("(?<=[.]) ", 2));
         spec.addOption(OptionSpec.builder("-h", "--help").usageHelp(true).description("Show this help.").build());
     }
+
+    /** Adds the group's commands; if they are not needed, the console starts without them. */
+    void addCommands() {}
 
     /** Adds a command that shows something. */
     final ActionCommand show(String name, String description, ActionCommand.Action action) {

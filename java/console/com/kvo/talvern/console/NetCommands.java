@@ -20,6 +20,10 @@ final class NetCommands extends Group {
 
     NetCommands() {
         super("net", "Shows, changes and tests the network.");
+    }
+
+    @Override
+    void addCommands() {
         addNames();
         addInterfaces();
         addHosts();

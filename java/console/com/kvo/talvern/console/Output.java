@@ -115,7 +115,7 @@ final class Output {
         List<List<String>> lines = new ArrayList<>();
         fields.forEach((name, value) -> {
             if (isLine(value)) {
-                lines.add(List.of(Fields.label(name), text(value)));
+                lines.add(List.of(fields.label(name), text(value)));
             }
         });
         if (!lines.isEmpty()) {
@@ -128,24 +128,24 @@ final class Output {
                     out.println();
                 }
                 isFirst = false;
-                out.println(" ".repeat(indent) + heading(Fields.label(entry.getKey())));
+                out.println(" ".repeat(indent) + heading(fields.label(entry.getKey())));
                 print(entry.getValue(), indent + INDENT);
             }
         }
     }
 
     private void printTable(Table table, int indent) {
+        if (table.isEmpty()) {
+            out.println(" ".repeat(indent) + "(none)");
+            return;
+        }
         List<String> columns = table.columns();
         List<List<String>> rows = new ArrayList<>();
-        rows.add(columns.stream().map(name -> Fields.label(name).toUpperCase().replace("IB)", "iB)")).collect(Collectors.toList()));
+        rows.add(columns.stream().map(name -> table.get(0).title(name)).collect(Collectors.toList()));
         for (Fields row : table) {
             rows.add(columns.stream().map(name -> text(row.get(name))).collect(Collectors.toList()));
         }
-        if (table.isEmpty()) {
-            out.println(" ".repeat(indent) + "(none)");
-        } else {
-            printRows(rows.get(0), rows, indent);
-        }
+        printRows(rows.get(0), rows, indent);
     }
 
     private static boolean isLine(Object value) {

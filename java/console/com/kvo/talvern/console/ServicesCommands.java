@@ -10,6 +10,10 @@ final class ServicesCommands extends Group {
 
     ServicesCommands() {
         super("services", "Shows, controls and tests the services.");
+    }
+
+    @Override
+    void addCommands() {
         show("ready", "Shows which services run, and which of them answer from the network.", command ->
                 new Fields().and("services", services()));
         Group snmp = group("snmp", "Controls the SNMP daemon.");

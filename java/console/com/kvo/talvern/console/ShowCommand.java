@@ -16,11 +16,12 @@ import java.time.Instant;
 import java.util.LinkedHashMap;
 import java.util.List;
 import java.util.Map;
+import java.util.TreeMap;
 import java.util.function.Supplier;
 
 /** Everything about the appliance, in sections. */
 final class ShowCommand {
-    private static final Map<String, Supplier<Fields>> SECTIONS = new LinkedHashMap<>();
+    private static final Map<String, Supplier<Object>> SECTIONS = new LinkedHashMap<>();
 
     static {
         SECTIONS.put("identity", ShowCommand::identity);
@@ -28,9 +29,9 @@ final class ShowCommand {
         SECTIONS.put("sensors", ShowCommand::sensors);
         SECTIONS.put("storage", ShowCommand::storage);
         SECTIONS.put("health", ShowCommand::health);
-        SECTIONS.put("configuration", () -> new Fields().and("objects", ConfigCommands.objects()));
-        SECTIONS.put("users", () -> new Fields().and("users", new UserUtils().listUsers()));
-        SECTIONS.put("captures", () -> new Fields().and("captures", CaptureCommands.captures()));
+        SECTIONS.put("configuration", ConfigCommands::objects);
+        SECTIONS.put("users", () -> new UserUtils().listUsers());
+        SECTIONS.put("captures", CaptureCommands::captures);
         SECTIONS.put("firmware", FirmwareCommands::firmware);
     }
 
@@ -120,8 +121,8 @@ final class ShowCommand {
                 .and("strongSshHostKeys", new ApplianceUtils().areHostSSHKeysStrong())
                 .and("logLevel", processManager.getPlatformLogLevel())
                 .and("traceMask", String.format("0x%08x", processManager.getPlatformTraceMask()))
-                .and("processorUsagePercent", status.getCPUUsage())
-                .and("usagePercent", usage(status.getCPUDetailedUsage()))
+                .and("processorPercent", values(status.getCPUUsage()))
+                .and("loadPercent", load(status.getCPUDetailedUsage()))
                 .and("services", ServicesCommands.services());
     }
 
@@ -129,8 +130,12 @@ final class ShowCommand {
         return milliseconds == -1 ? null : Instant.ofEpochMilli(milliseconds).toString();
     }
 
-    private static Fields usage(Map<Integer, Integer> usage) {
-        return usage == null ? null : new Fields().and("user", usage.get(0)).and("system", usage.get(1))
-                .and("waiting", usage.get(2)).and("idle", usage.get(3));
+    private static Iterable<Integer> values(Map<Integer, Integer> map) {
+        return map == null ? null : new TreeMap<>(map).values();
+    }
+
+    private static Fields load(Map<Integer, Integer> load) {
+        return load == null ? null : new Fields().and("user", load.get(0)).and("system", load.get(1))
+                .and("waiting", load.get(2)).and("idle", load.get(3));
     }
 }

@@ -9,6 +9,10 @@ final class UsersCommands extends Group {
     UsersCommands() {
         super("users", "Shows and changes the user accounts. Passwords are asked for without echo, or taken from the"
                 + " standard input, a line each.");
+    }
+
+    @Override
+    void addCommands() {
         show("list", "Lists the users.", command -> new Fields().and("users", new UserUtils().listUsers()));
         change("add", "Creates an account, and asks for its password.", command -> Refusal.unlessZero(
                 new UserUtils().addUser(command.text("NAME"), command.password(command.text("NAME"), true))))

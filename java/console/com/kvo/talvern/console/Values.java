@@ -28,11 +28,11 @@ final class Values {
         } else if (value instanceof SimpleValue) {
             return ((SimpleValue) value).getValue();
         } else if (value instanceof StructValue) {
-            Fields fields = new Fields();
+            Fields fields = new Fields(true);
             ((StructValue) value).entrySet().forEach(entry -> fields.and(entry.getKey(), entry.getValue()));
             return fields;
         } else if (value instanceof Map) {
-            Fields fields = new Fields();
+            Fields fields = new Fields(true);
             new TreeMap<>((Map<?, ?>) value).forEach((key, element) -> fields.and(key.toString(), element));
             return fields;
         } else if (value instanceof Object[]) {
