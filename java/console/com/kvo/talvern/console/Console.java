@@ -7,8 +7,8 @@ import java.io.FileOutputStream;
 import java.io.PrintWriter;
 import java.nio.charset.StandardCharsets;
 import java.util.LinkedHashMap;
+import java.util.List;
 import java.util.Map;
-import java.util.function.Predicate;
 import java.util.function.Supplier;
 import java.util.stream.Collectors;
 import picocli.CommandLine;
@@ -62,28 +62,34 @@ public final class Console implements Runnable {
         System.exit(exitCode);
     }
 
-    /** The whole command line. */
+    /** What reads any command line. */
     static CommandLine complete() {
-        return commandLine(name -> true);
-    }
-
-    /** What reads these arguments: made ready for the command that they name, or else for all. */
-    static CommandLine commandLine(String... arguments) {
-        return commandLine(name -> arguments.length > 0 && name.equals(arguments[0]));
-    }
-
-    private static CommandLine commandLine(Predicate<String> isNeeded) {
         CommandSpec spec = new Console().spec;
-        boolean isAnyNeeded = COMMANDS.keySet().stream().anyMatch(isNeeded);
-        COMMANDS.forEach((name, command) -> {
-            if (isNeeded.test(name) || !isAnyNeeded) {
-                CommandSpec child = command.get();
-                if (isNeeded.test(name) && child.userObject() instanceof Group) {
-                    ((Group) child.userObject()).addCommands();
-                }
-                spec.addSubcommand(name, child);
-            }
-        });
+        COMMANDS.forEach((name, command) -> add(spec, name, command.get(), List.of()));
+        return commandLine(spec);
+    }
+
+    /** What reads these arguments: made ready for the command that they name, or else for help on all. */
+    static CommandLine commandLine(String... arguments) {
+        CommandSpec spec = new Console().spec;
+        List<String> words = List.of(arguments);
+        Supplier<CommandSpec> command = words.isEmpty() ? null : COMMANDS.get(words.get(0));
+        if (command != null) {
+            add(spec, words.get(0), command.get(), words.subList(1, words.size()));
+        } else if (!words.equals(List.of("--version"))) {
+            COMMANDS.forEach((name, other) -> spec.addSubcommand(name, other.get()));
+        }
+        return commandLine(spec);
+    }
+
+    private static void add(CommandSpec spec, String name, CommandSpec command, List<String> words) {
+        if (command.userObject() instanceof Group) {
+            ((Group) command.userObject()).prepare(words);
+        }
+        spec.addSubcommand(name, command);
+    }
+
+    private static CommandLine commandLine(CommandSpec spec) {
         return new CommandLine(spec)
                 .setColorScheme(Terminal.colors())
                 .setUsageHelpWidth(Math.max(Terminal.width(80), 55))
