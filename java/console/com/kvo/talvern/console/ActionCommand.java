@@ -59,6 +59,7 @@ final class ActionCommand extends ConsoleCommand {
     private ActionCommand parameter(String label, String arity, Class<?> type, String description) {
         int index = spec.positionalParameters().size();
         PositionalParamSpec.Builder parameter = PositionalParamSpec.builder().paramLabel(label).arity(arity).type(type)
+                .required(!arity.startsWith("0"))
                 .index(type == List.class ? index + "..*" : String.valueOf(index)).description(description);
         if (type == List.class) {
             parameter.auxiliaryTypes(String.class);
