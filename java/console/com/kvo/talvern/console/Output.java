@@ -86,7 +86,7 @@ final class Output {
     }
 
     private String styled(String text, Style... styles) {
-        return colors.ansi().enabled() ? Style.on(styles) + text + Style.off(styles) : text;
+        return colors.ansi().enabled() ? Style.on(styles) + text + Style.reset.on() : text;
     }
 
     private void print(Object value, int indent) {
@@ -231,9 +231,9 @@ final class Output {
             return text.length();
         }
         int end = width;
-        while (end > width / 2 && " .(".indexOf(text.charAt(end)) < 0) {
+        while (end > 0 && " .(".indexOf(text.charAt(end)) < 0) {
             --end;
         }
-        return end > width / 2 ? end : width;
+        return end > 0 ? end : width;
     }
 }

@@ -105,8 +105,8 @@ final class ShowCommand {
         return new Fields().and("flashSizeMiB", flash == null ? null : flash.getSize())
                 .and("flashUsedMiB", flash == null ? null : flash.getUsed())
                 .and("volumes", volumes).and("partitions", partitions)
-                .and("disks", Table.of(status.getRaidPhysicalDiskStatus(), "deviceName", "vendor", "product", "serialNumber",
-                        "state", "temperature", "failurePredicted", "size"));
+                .and("disks", Table.of(status.getRaidPhysicalDiskStatus(), "deviceName", "product", "serialNumber", "state",
+                        "temperature", "failurePredicted", "size"));
     }
 
     private static Fields health() {
