@@ -49,8 +49,8 @@ final class CallCommand {
     private static Table describe(List<Method> methods) {
         Table table = new Table();
         for (Method method : methods) {
-            table.add(new Fields().and("method", Natives.name(method)).and("arguments", parameters(method).stream()
-                    .map(parameter -> parameter.name + ":" + Arguments.describe(parameter.type)).collect(Collectors.toList()))
+            table.add(new Fields().and("method", Natives.name(method))
+                    .and("arguments", parameters(method).stream().map(Argument::toString).collect(Collectors.toList()))
                     .and("result", method.getReturnType().getSimpleName()));
         }
         return table;
@@ -68,6 +68,11 @@ final class CallCommand {
 
         boolean isPassword() {
             return name.toLowerCase().endsWith("password");
+        }
+
+        @Override
+        public String toString() {
+            return name + (isPassword() ? " (asked for)" : ":" + Arguments.describe(type));
         }
     }
 
@@ -126,9 +131,8 @@ final class CallCommand {
         List<Argument> parameters = parameters(method);
         List<String> words = command.list("ARG");
         if (words.size() != parameters.stream().filter(parameter -> !parameter.isPassword()).count()) {
-            throw command.usageError(Natives.name(method) + " takes " + (parameters.isEmpty() ? "no arguments" : parameters.stream()
-                    .map(parameter -> parameter.name + (parameter.isPassword() ? " (asked for)"
-                            : ":" + Arguments.describe(parameter.type))).collect(Collectors.joining(" "))) + ".");
+            String taken = parameters.stream().map(Argument::toString).collect(Collectors.joining(", "));
+            throw command.usageError(Natives.name(method) + " takes " + (taken.isEmpty() ? "no arguments" : taken) + ".");
         }
         List<Object> arguments = new ArrayList<>();
         int next = 0;

@@ -21,7 +21,8 @@ final class ConfigCommands extends Group {
             return new Fields().and("objects", type == null ? objects() : objects(new Table(), type, parent(command)));
         }).optional("TYPE", "A type; without it those of all types that belong to the appliance itself.")
                 .option("--parent", "NAME", String.class, "The object that they belong to.");
-        show("types", "Lists the types of objects.", command -> new Fields().and("types", new ServiceUtils().getObjectTypes()));
+        show("types", "Lists the types of objects.", command ->
+                new Fields().and("types", new ServiceUtils().getObjectTypes()));
         object(show("get", "Shows an object.", ConfigCommands::get));
         object(change("set", "Changes an object. Fields that are not given stay as they are.", command -> done(
                 new ServiceUtils().updateObject(command.text("TYPE"), parent(command), command.text("NAME"), value(command),

@@ -104,7 +104,8 @@ public final class Console implements Runnable {
         throw new ParameterException(spec.commandLine(), "A command is missing.");
     }
 
-    private static int explainUsage(ParameterException e) {
+    /** Says what is wrong with a command line. */
+    static int explainUsage(ParameterException e) {
         CommandLine command = e.getCommandLine();
         String message = e.getMessage();
         if (e instanceof UnmatchedArgumentException) {

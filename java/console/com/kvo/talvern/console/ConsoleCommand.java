@@ -10,6 +10,9 @@ import picocli.CommandLine.ParameterException;
  * annotations would double the time that the console needs to start.
  */
 abstract class ConsoleCommand implements Callable<Integer> {
+    /** Whether all commands print JSON, asked or not. */
+    protected static boolean isJsonForAll;
+
     /** The command's description, to which its constructor adds options, parameters and subcommands. */
     protected final CommandSpec spec;
 
@@ -51,6 +54,7 @@ abstract class ConsoleCommand implements Callable<Integer> {
 
     @Override
     public final Integer call() throws Exception {
-        return run(new Output(spec.commandLine().getOut(), spec.commandLine().getColorScheme(), option("--json", false)));
+        boolean isJson = isJsonForAll || option("--json", false);
+        return run(new Output(spec.commandLine().getOut(), spec.commandLine().getColorScheme(), isJson));
     }
 }

@@ -36,7 +36,8 @@ final class DeviceCommands extends Group {
         show("timezone", "Shows or changes the time zone.", command -> {
             TimeZoneUtils zones = new TimeZoneUtils();
             if (command.text("ZONE") != null) {
-                Refusal.unless(zones.setConfiguredTimeZone(command.text("ZONE")), "The appliance does not know this time zone.");
+                Refusal.unless(zones.setConfiguredTimeZone(command.text("ZONE")),
+                        "The appliance does not know this time zone.");
             }
             return new Fields().and("timeZone", zones.getConfiguredTimeZone()).and("timeZones", zones.getTimeZones());
         }).optional("ZONE", "The new time zone.");

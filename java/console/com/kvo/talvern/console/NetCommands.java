@@ -59,7 +59,8 @@ final class NetCommands extends Group {
     }
 
     private void addInterfaces() {
-        show("interfaces", "Lists the interfaces with their attributes.", command -> new Fields().and("interfaces", interfaces()));
+        show("interfaces", "Lists the interfaces with their attributes.", command ->
+                new Fields().and("interfaces", interfaces()));
         show("interface", "Shows the attributes of an interface.", command ->
                 (Fields) Values.plain(attributes(command.text("INTERFACE")))).parameter("INTERFACE", INTERFACE);
         show("status", "Shows the status of an interface.", command -> status(command.text("INTERFACE")))
@@ -86,7 +87,8 @@ final class NetCommands extends Group {
                 name.equals("lo") ? interfaces.removeVIPFromLoopback(address)
                         : interfaces.removeVIPFromInterface(name, address));
         Group hardware = group("hwaddr", "Changes hardware addresses.");
-        addAddress(hardware, "set", "Gives an interface another hardware address.", EthernetInterfaces::setHWAddressImmediate);
+        addAddress(hardware, "set", "Gives an interface another hardware address.",
+                EthernetInterfaces::setHWAddressImmediate);
         hardware.change("reset", "Gives an interface its built-in hardware address again.", command ->
                 Refusal.unlessZero(new EthernetInterfaces().resetHWAddressImmediate(command.text("INTERFACE"))))
                 .parameter("INTERFACE", INTERFACE);
@@ -123,8 +125,8 @@ final class NetCommands extends Group {
         for (Map.Entry<String, Function<String, EthernetInterfaceStatus>> kind : kinds.entrySet()) {
             EthernetInterfaceStatus status = kind.getValue().apply(name);
             if (status != null) {
-                return new Fields().and("name", status.getName()).and("kind", kind.getKey()).and("enabled", status.isEnabled())
-                        .and("up", status.isUp()).and("details", status.getDetails());
+                return new Fields().and("name", status.getName()).and("kind", kind.getKey())
+                        .and("enabled", status.isEnabled()).and("up", status.isUp()).and("details", status.getDetails());
             }
         }
         throw new Refusal("There is no interface " + name + ".");

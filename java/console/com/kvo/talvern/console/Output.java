@@ -190,18 +190,21 @@ final class Output {
                 widths[i] = Math.max(widths[i], row.get(i).length());
             }
         }
-        shrink(widths, Terminal.width(Integer.MAX_VALUE) - indent - GAP * (widths.length - 1));
+        int[] least = titles.stream().mapToInt(title -> Arrays.stream(title.split(" ")).mapToInt(String::length).max()
+                .orElse(0)).toArray();
+        shrink(widths, least, Terminal.width(Integer.MAX_VALUE) - indent - GAP * (widths.length - 1));
         rows.forEach(row -> printRow(titles, row, widths, indent));
     }
 
-    /** Takes from the widest columns what is too much. */
-    private static void shrink(int[] widths, int available) {
+    /** Takes from the widest columns what is too much, but leaves room for the words of the titles. */
+    private static void shrink(int[] widths, int[] least, int available) {
         while (Arrays.stream(widths).asLongStream().sum() > available) {
-            int widest = 0;
-            for (int i = 1; i < widths.length; ++i) {
-                widest = widths[i] > widths[widest] ? i : widest;
+            int widest = -1;
+            for (int i = 0; i < widths.length; ++i) {
+                boolean canShrink = widths[i] > Math.max(least[i], NARROWEST);
+                widest = canShrink && (widest < 0 || widths[i] > widths[widest]) ? i : widest;
             }
-            if (widths[widest] <= NARROWEST) {
+            if (widest < 0) {
                 return;
             }
             --widths[widest];

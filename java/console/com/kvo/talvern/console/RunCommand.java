@@ -9,6 +9,7 @@ import java.util.ArrayList;
 import java.util.List;
 import picocli.CommandLine;
 import picocli.CommandLine.Model.PositionalParamSpec;
+import picocli.CommandLine.ParameterException;
 
 /** Runs several commands in one process, as long as which the simulated appliance keeps what it was told. */
 final class RunCommand extends ConsoleCommand {
@@ -72,12 +73,17 @@ final class RunCommand extends ConsoleCommand {
     }
 
     private int execute(String line) {
-        String[] words = words(line).toArray(new String[0]);
-        if (words.length > 0 && words[0].equals("run")) {
-            throw usageError("`run` can't run itself.");
-        }
         CommandLine parent = spec.commandLine();
-        int exitCode = Console.commandLine(words).setOut(parent.getOut()).setErr(parent.getErr()).execute(words);
+        int exitCode;
+        isJsonForAll = option("--json", false);
+        try {
+            String[] words = words(line).toArray(new String[0]);
+            exitCode = Console.commandLine(words).setOut(parent.getOut()).setErr(parent.getErr()).execute(words);
+        } catch (ParameterException e) {
+            exitCode = Console.explainUsage(e);
+        } finally {
+            isJsonForAll = false;
+        }
         parent.getOut().flush();
         parent.getErr().flush();
         return exitCode;
@@ -113,6 +119,9 @@ final class RunCommand extends ConsoleCommand {
         }
         if (word != null) {
             words.add(word.toString());
+        }
+        if (words.get(0).equals("run")) {
+            throw usageError("`run` can't run itself.");
         }
         return words;
     }

@@ -113,8 +113,8 @@ final class ShowCommand {
         HardwareStatusUtils status = new HardwareStatusUtils();
         ProcessManagerUtils processManager = new ProcessManagerUtils();
         return new Fields().and("uptimeSeconds", status.getUptime())
-                .and("totalMemoryKiB", Integer.toUnsignedLong(status.getTotalMemory()))
-                .and("freeMemoryKiB", Integer.toUnsignedLong(status.getFreeMemory()))
+                .and("totalMemoryKiB", memory(status.getTotalMemory()))
+                .and("freeMemoryKiB", memory(status.getFreeMemory()))
                 .and("batteryInstalled", date(status.getBatteryInstallationTime()))
                 .and("batteryExpires", date(status.getBatteryExpirationTime()))
                 .and("intrusion", status.getIntrusionStatus())
@@ -124,6 +124,10 @@ final class ShowCommand {
                 .and("processorPercent", values(status.getCPUUsage()))
                 .and("loadPercent", load(status.getCPUDetailedUsage()))
                 .and("services", ServicesCommands.services());
+    }
+
+    private static Long memory(int size) {
+        return size == -1 ? null : Integer.toUnsignedLong(size);
     }
 
     private static String date(long milliseconds) {
