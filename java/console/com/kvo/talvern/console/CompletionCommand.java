@@ -11,7 +11,7 @@ final class CompletionCommand extends ConsoleCommand {
 
     @Override
     protected int run(Output output) throws Exception {
-        String script = AutoComplete.bash("talvern-console", Console.commandLine());
+        String script = AutoComplete.bash("talvern-console", Console.complete());
         output.result(script, () -> output.line(script));
         return ExitCode.DONE;
     }

@@ -10,6 +10,9 @@ import picocli.CommandLine.ParameterException;
  * annotations would double the time that the console needs to start.
  */
 abstract class ConsoleCommand implements Callable<Integer> {
+    /** Whether all commands print JSON, asked or not. */
+    protected static boolean isJsonForAll;
+
     /** The command's description, to which its constructor adds options, parameters and subcommands. */
     protected final CommandSpec spec;
 
@@ -19,7 +22,7 @@ abstract class ConsoleCommand implements Callable<Integer> {
      */
     protected ConsoleCommand(String name, String description) {
         spec = CommandSpec.wrapWithoutInspection(this).name(name);
-        spec.usageMessage().description(description);
+        spec.usageMessage().description(description.split("(?<=[.]) ", 2)); // a list of commands shows the first sentence
         spec.addOption(OptionSpec.builder("-h", "--help").usageHelp(true).description("Show this help.").build());
         addFlag("--json", "Print the result as JSON.");
     }
@@ -51,6 +54,7 @@ abstract class ConsoleCommand implements Callable<Integer> {
 
     @Override
     public final Integer call() throws Exception {
-        return run(new Output(spec.commandLine().getOut(), spec.commandLine().getColorScheme(), option("--json", false)));
+        boolean isJson = isJsonForAll || option("--json", false);
+        return run(new Output(spec.commandLine().getOut(), spec.commandLine().getColorScheme(), isJson));
     }
 }

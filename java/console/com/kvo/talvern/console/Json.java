@@ -2,13 +2,20 @@ package com.kvo.talvern.console;
 
 import com.fasterxml.jackson.core.JsonFactory;
 import com.fasterxml.jackson.core.JsonGenerator;
+import com.fasterxml.jackson.core.JsonParser;
+import com.fasterxml.jackson.core.JsonProcessingException;
+import com.fasterxml.jackson.core.JsonToken;
 import com.fasterxml.jackson.core.util.DefaultPrettyPrinter;
 import java.io.IOException;
 import java.io.Writer;
+import java.util.ArrayList;
+import java.util.List;
 import java.util.Map;
 
-/** Writes JSON. */
+/** Reads and writes JSON. */
 final class Json {
+    private static final int MOST_LEVELS = 1000;
+
     private Json() {}
 
     /** Writes a value of maps, iterables, texts, numbers, truth values and nulls as one document. */
@@ -37,5 +44,44 @@ final class Json {
         } else {
             generator.writeObject(value);
         }
+    }
+
+    /**
+     * @return what a document holds: fields, lists, texts (also for numbers and truth values) and nulls
+     * @throws IllegalArgumentException if it is not exactly one document; the message says why
+     */
+    static Object read(String document) {
+        try (JsonParser parser = new JsonFactory().enable(JsonParser.Feature.STRICT_DUPLICATE_DETECTION)
+                .createParser(document)) {
+            Object value = read(parser, parser.nextToken(), MOST_LEVELS);
+            if (parser.nextToken() != null) {
+                throw new IllegalArgumentException("There is something behind the JSON value.");
+            }
+            return value;
+        } catch (JsonProcessingException e) {
+            throw new IllegalArgumentException("Wrong JSON: " + e.getOriginalMessage() + ".", e);
+        } catch (IOException e) {
+            throw new IllegalStateException(e);
+        }
+    }
+
+    private static Object read(JsonParser parser, JsonToken token, int levels) throws IOException {
+        if (levels == 0) {
+            throw new IllegalArgumentException("The JSON has more than " + MOST_LEVELS + " levels.");
+        }
+        if (token == JsonToken.START_OBJECT) {
+            Fields fields = new Fields();
+            while (parser.nextToken() != JsonToken.END_OBJECT) {
+                fields.put(parser.currentName(), read(parser, parser.nextToken(), levels - 1));
+            }
+            return fields;
+        } else if (token == JsonToken.START_ARRAY) {
+            List<Object> list = new ArrayList<>();
+            for (JsonToken next = parser.nextToken(); next != JsonToken.END_ARRAY; next = parser.nextToken()) {
+                list.add(read(parser, next, levels - 1));
+            }
+            return list;
+        }
+        return token == JsonToken.VALUE_NULL ? null : parser.getText();
     }
 }

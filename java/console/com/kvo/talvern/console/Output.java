@@ -2,14 +2,20 @@ package com.kvo.talvern.console;
 
 import java.io.IOException;
 import java.io.PrintWriter;
+import java.util.ArrayList;
 import java.util.Arrays;
 import java.util.List;
+import java.util.Map;
+import java.util.stream.Collectors;
 import picocli.CommandLine.Help;
+import picocli.CommandLine.Help.Ansi.Style;
 
 /** Takes the results of commands: for people as lines and tables, for programs as JSON. */
 final class Output {
     private static final int GAP = 2;
     private static final int NARROWEST = 8;
+    private static final int INDENT = 2;
+    private static final int MOST_COLUMNS = 8;
 
     private final PrintWriter out;
     private final Help.ColorScheme colors;
@@ -35,19 +41,133 @@ final class Output {
         }
     }
 
+    /**
+     * Shows fields: for programs as JSON, for people as lines and tables. The value of a field that is alone is
+     * shown without its name.
+     */
+    void show(Fields fields) throws IOException {
+        result(fields, () -> print(fields.size() == 1 ? fields.values().iterator().next() : fields, 0));
+    }
+
+    /** Whether the result is for programs. */
+    boolean isJson() {
+        return isJson;
+    }
+
     /** Prints a line. */
     void line(String text) {
         out.println(text);
     }
 
+    /** Makes sure that what was printed is seen. */
+    void flush() {
+        out.flush();
+    }
+
+    /** Prints a text over the line that was printed so before; for terminals. */
+    void overwrite(String text) {
+        out.print("\r" + text);
+        out.flush();
+    }
+
     /** A text that stands for success, in colour if there are colours. */
     String good(String text) {
-        return colors.ansi().string("@|bold,green " + text + "|@");
+        return styled(text, Style.bold, Style.fg_green);
     }
 
     /** A text that stands for a failure, in colour if there are colours. */
     String bad(String text) {
-        return colors.ansi().string("@|bold,red " + text + "|@");
+        return styled(text, Style.bold, Style.fg_red);
+    }
+
+    /** A text that stands above others. */
+    String heading(String text) {
+        return styled(text, Style.bold);
+    }
+
+    private String styled(String text, Style... styles) {
+        return colors.ansi().enabled() ? Style.on(styles) + text + Style.reset.on() : text;
+    }
+
+    private void print(Object value, int indent) {
+        if (value instanceof Fields) {
+            printFields((Fields) value, indent);
+        } else if (value instanceof Table && ((Table) value).columns().size() <= MOST_COLUMNS) {
+            printTable((Table) value, indent);
+        } else if (value instanceof List && !((List<?>) value).isEmpty()) {
+            String separator = null;
+            for (Object element : (List<?>) value) {
+                if (separator != null && element instanceof Fields) {
+                    out.println(separator);
+                }
+                separator = "";
+                print(element, indent);
+            }
+        } else if (value instanceof String && ((String) value).indexOf('\n') >= 0) {
+            ((String) value).lines().forEach(line -> out.println(" ".repeat(indent) + text(line)));
+        } else {
+            out.println(" ".repeat(indent) + text(value));
+        }
+    }
+
+    /** Single values first, then what has several lines, each under its name. */
+    private void printFields(Fields fields, int indent) {
+        List<List<String>> lines = new ArrayList<>();
+        fields.forEach((name, value) -> {
+            if (isLine(value)) {
+                lines.add(List.of(fields.label(name), text(value)));
+            }
+        });
+        if (!lines.isEmpty()) {
+            printRows(List.of("", ""), lines, indent);
+        }
+        boolean isFirst = lines.isEmpty();
+        for (Map.Entry<String, Object> entry : fields.entrySet()) {
+            if (!isLine(entry.getValue())) {
+                if (!isFirst) {
+                    out.println();
+                }
+                isFirst = false;
+                out.println(" ".repeat(indent) + heading(fields.label(entry.getKey())));
+                print(entry.getValue(), indent + INDENT);
+            }
+        }
+    }
+
+    private void printTable(Table table, int indent) {
+        if (table.isEmpty()) {
+            out.println(" ".repeat(indent) + "(none)");
+            return;
+        }
+        List<String> columns = table.columns();
+        List<List<String>> rows = new ArrayList<>();
+        rows.add(columns.stream().map(name -> table.get(0).title(name)).collect(Collectors.toList()));
+        for (Fields row : table) {
+            rows.add(columns.stream().map(name -> text(row.get(name))).collect(Collectors.toList()));
+        }
+        printRows(rows.get(0), rows, indent);
+    }
+
+    private static boolean isLine(Object value) {
+        return !(value instanceof Fields || value instanceof Table
+                || value instanceof List && ((List<?>) value).stream().anyMatch(element -> !isLine(element))
+                || value instanceof String && ((String) value).indexOf('\n') >= 0);
+    }
+
+    /** One line; without what would make a terminal do anything else than show it. */
+    private static String text(Object value) {
+        if (value instanceof Boolean) {
+            return (Boolean) value ? "yes" : "no";
+        } else if (value instanceof List) {
+            return ((List<?>) value).isEmpty() ? "(none)"
+                    : ((List<?>) value).stream().map(Output::text).collect(Collectors.joining(", "));
+        } else if (value instanceof Fields) {
+            return ((Fields) value).entrySet().stream().map(entry -> entry.getKey() + "=" + text(entry.getValue()))
+                    .collect(Collectors.joining(", "));
+        } else if (value instanceof Double && (Double) value == ((Double) value).longValue()) {
+            return String.valueOf(((Double) value).longValue());
+        }
+        return value == null || value.equals("") ? "-" : value.toString().replaceAll("\\p{Cntrl}", "?");
     }
 
     /**
@@ -57,41 +177,52 @@ final class Output {
      * @param rows the texts of each row
      */
     void table(List<String> titles, List<List<String>> rows) {
-        int[] widths = titles.stream().mapToInt(String::length).toArray();
+        List<List<String>> all = new ArrayList<>(rows);
+        all.add(0, titles);
+        printRows(titles, all, 0);
+    }
+
+    /** The titles only say what the columns are; to be printed they have to be among the rows. */
+    private void printRows(List<String> titles, List<List<String>> rows, int indent) {
+        int[] widths = new int[titles.size()];
         for (List<String> row : rows) {
             for (int i = 0; i < widths.length; ++i) {
                 widths[i] = Math.max(widths[i], row.get(i).length());
             }
         }
-        shrink(widths, Terminal.width(Integer.MAX_VALUE) - GAP * (widths.length - 1));
-        printRow(titles, widths);
-        rows.forEach(row -> printRow(row, widths));
+        int[] least = titles.stream().mapToInt(title -> Arrays.stream(title.split(" ")).mapToInt(String::length).max()
+                .orElse(0)).toArray();
+        shrink(widths, least, Terminal.width(Integer.MAX_VALUE) - indent - GAP * (widths.length - 1));
+        rows.forEach(row -> printRow(titles, row, widths, indent));
     }
 
-    /** Takes from the widest columns what is too much. */
-    private static void shrink(int[] widths, int available) {
+    /** Takes from the widest columns what is too much, but leaves room for the words of the titles. */
+    private static void shrink(int[] widths, int[] least, int available) {
         while (Arrays.stream(widths).asLongStream().sum() > available) {
-            int widest = 0;
-            for (int i = 1; i < widths.length; ++i) {
-                widest = widths[i] > widths[widest] ? i : widest;
+            int widest = -1;
+            for (int i = 0; i < widths.length; ++i) {
+                boolean canShrink = widths[i] > Math.max(least[i], NARROWEST);
+                widest = canShrink && (widest < 0 || widths[i] > widths[widest]) ? i : widest;
             }
-            if (widths[widest] <= NARROWEST) {
+            if (widest < 0) {
                 return;
             }
             --widths[widest];
         }
     }
 
-    private void printRow(List<String> texts, int[] widths) {
+    private void printRow(List<String> titles, List<String> texts, int[] widths, int indent) {
         String[] rest = texts.toArray(new String[0]);
         while (Arrays.stream(rest).anyMatch(text -> !text.isEmpty())) {
             StringBuilder line = new StringBuilder();
-            int column = 0;
+            int blanks = indent;
             for (int i = 0; i < rest.length; ++i) {
                 int end = end(rest[i], widths[i]);
-                line.append(" ".repeat(column - line.length())).append(rest[i], 0, end);
+                String part = rest[i].substring(0, end);
+                boolean isBad = titles.get(i).equals("OK") && part.equals("no");
+                line.append(" ".repeat(blanks)).append(isBad ? bad(part) : part);
                 rest[i] = rest[i].substring(end).stripLeading();
-                column += widths[i] + GAP;
+                blanks = widths[i] - end + GAP;
             }
             out.println(line.toString().stripTrailing());
         }
@@ -103,9 +234,9 @@ final class Output {
             return text.length();
         }
         int end = width;
-        while (end > width / 2 && " .(".indexOf(text.charAt(end)) < 0) {
+        while (end > 0 && " .(".indexOf(text.charAt(end)) < 0) {
             --end;
         }
-        return end > width / 2 ? end : width;
+        return end > 0 ? end : width;
     }
 }

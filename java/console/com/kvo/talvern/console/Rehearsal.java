@@ -16,6 +16,18 @@ final class Rehearsal {
     public static void main(String[] jars) {
         String[][] commands = {
             {"--help"},
+            {"show"},
+            {"show", "--json"},
+            {"config", "list"},
+            {"config", "validate", "ApplicationData", "{\"key\": [\"text\"]}"},
+            {"net", "ping", "localhost"},
+            {"users", "list"},
+            {"capture", "info", "eth0"},
+            {"firmware", "--help"},
+            {"services", "ready"},
+            {"device", "locale"},
+            {"call", "NodeName"},
+            {"call", "NodeName.getNodeName"},
             {"check", "--jar", jars[0]},
             {"check", "--jar", jars[0], "--json"},
             {"check", "--jar", jars[1]},
