@@ -16,7 +16,8 @@ JavaVM* createJvm() {
     std::string libraryPath = "-Dtalvern.library.path=";
     libraryPath += libraryFolder();
     char planted[] = "-Dtalvern.planted.library=" TALVERN_PLANTED_LIBRARY;
-    char logFile[] = "-XX:LogFile=" TALVERN_JVM_LOG;
+    std::string logFile = "-XX:LogFile=" TALVERN_JVM_LOG;
+    if (!isJniChecked()) logFile += ".unchecked";
     JavaVMOption options[] = {
         {classPath, nullptr},
         {libraryPath.data(), nullptr},
@@ -26,7 +27,7 @@ JavaVM* createJvm() {
         {const_cast<char*>("-XX:+UnlockDiagnosticVMOptions"), nullptr},
         {const_cast<char*>("-XX:-DisplayVMOutput"), nullptr},
         {const_cast<char*>("-XX:+LogVMOutput"), nullptr},
-        {logFile, nullptr},
+        {logFile.data(), nullptr},
         {const_cast<char*>("-Xcheck:jni"), nullptr},
     };
     const jint count = std::size(options) - (isJniChecked() ? 0 : 1);  // the last one asks for the checks
