@@ -1,0 +1,161 @@
+// Random input for the conversions, in both directions. What goes in must come back, and nothing may crash.
+#include <fuzzer/FuzzedDataProvider.h>
+#include <jni.h>
+
+#include <cstdlib>
+#include <iostream>
+
+#include "config/value.h"
+#include "mocks/configService.h"
+#include "mocks/ethernetInterfaces.h"
+#include "mocks/mock.h"
+#include "mocks/nodeName.h"
+#include "support/jvm.h"
+#include "support/natives.h"
+
+using talvern::config::Service;
+using talvern::config::Value;
+using testing::_;
+
+namespace {
+
+JNIEnv* env = nullptr;
+
+void require(bool holds, const char* what) {
+    if (holds) return;
+    std::cerr << what << '\n';
+    std::abort();
+}
+
+bool areEqual(jobject left, jobject right) {
+    if (left == nullptr || right == nullptr) return left == right;
+    jmethodID equals = env->GetMethodID(env->GetObjectClass(left), "equals", "(Ljava/lang/Object;)Z");
+    return env->CallBooleanMethod(left, equals, right) == JNI_TRUE;
+}
+
+jstring anyText(FuzzedDataProvider& data) {
+    const std::size_t length = data.ConsumeIntegralInRange<std::size_t>(0, 40);
+    std::u16string text;
+    for (std::size_t i = 0; i < length; ++i) text.push_back(data.ConsumeIntegral<char16_t>());
+    return env->NewString(reinterpret_cast<const jchar*>(text.data()), static_cast<jsize>(text.size()));
+}
+
+jobject newObject(const char* className, const char* signature, auto... arguments) {
+    jclass javaClass = env->FindClass(className);
+    return env->NewObject(javaClass, env->GetMethodID(javaClass, "<init>", signature), arguments...);
+}
+
+jobject anyTree(FuzzedDataProvider& data, int levels) {
+    const auto mu = static_cast<jboolean>(data.ConsumeBool());
+    const int kind = data.ConsumeIntegralInRange(0, levels > 1 ? 3 : 1);
+    if (kind == 0) return nullptr;
+    if (kind == 1) return newObject("com/kvo/talvern/config/SimpleValue", "(Ljava/lang/String;Z)V", anyText(data), mu);
+    const bool isStruct = kind == 2;
+    jobject value = newObject(isStruct ? "com/kvo/talvern/config/StructValue" : "com/kvo/talvern/config/ArrayValue",
+                              "(Z)V", mu);
+    jclass javaClass = env->GetObjectClass(value);
+    for (int size = data.ConsumeIntegralInRange(0, 4); size > 0; --size) {
+        if (isStruct) {
+            jmethodID put = env->GetMethodID(
+                javaClass, "put", "(Ljava/lang/String;Lcom/kvo/talvern/config/Value;)Lcom/kvo/talvern/config/Value;");
+            jstring key = anyText(data);
+            env->CallObjectMethod(value, put, key, anyTree(data, levels - 1));
+        } else {
+            jmethodID add = env->GetMethodID(javaClass, "add", "(Lcom/kvo/talvern/config/Value;)Z");
+            env->CallBooleanMethod(value, add, anyTree(data, levels - 1));
+        }
+    }
+    return value;
+}
+
+jvalue object(jobject reference) {
+    jvalue value{};
+    value.l = reference;
+    return value;
+}
+
+void text(FuzzedDataProvider& data) {
+    std::string name;
+    ON_CALL(mock<NodeNameMock>(), set).WillByDefault(testing::DoAll(testing::SaveArg<0>(&name), testing::Return(0)));
+    ON_CALL(mock<NodeNameMock>(), get).WillByDefault([&] { return name; });
+    jstring in = anyText(data);
+    require(invoke(bridgeNative("appliance/NodeName", "_setNodeName"), {object(in)}).exception.empty(), "refused");
+    require(areEqual(in, invoke(bridgeNative("appliance/NodeName", "_getNodeName"), {}).result.l), "another text");
+}
+
+void bytesOfThePlatform(FuzzedDataProvider& data) {
+    const std::string bytes = data.ConsumeRandomLengthString();
+    ON_CALL(mock<NodeNameMock>(), get).WillByDefault(testing::Return(bytes));
+    invoke(bridgeNative("appliance/NodeName", "_getNodeName"), {});
+}
+
+void tree(FuzzedDataProvider& data) {
+    std::unique_ptr<Value> kept;
+    auto& service = mock<ConfigServiceMock>();
+    ON_CALL(service, updateObject).WillByDefault([&](const auto&, const auto&, const auto&, const Value* value, bool) {
+        kept.reset(value == nullptr ? nullptr : value->clone());
+        return Service::ReturnCode{};
+    });
+    ON_CALL(service, queryObject).WillByDefault([&](const auto&, const auto&, const auto&, Value** value) {
+        *value = kept.get();
+        return Service::ReturnCode{};
+    });
+    jobject in = anyTree(data, 6);
+    if (in == nullptr) return;
+    jvalue merge{};
+    const std::vector<jvalue> id{object(javaString("t")), object(javaString("p")), object(javaString("n"))};
+    std::vector<jvalue> update = id;
+    update.insert(update.end(), {object(in), merge});
+    require(invoke(bridgeNative("config/ServiceUtils", "_updateObject"), update).exception.empty(), "refused");
+    require(areEqual(in, invoke(bridgeNative("config/ServiceUtils", "_queryObject"), id).result.l), "another tree");
+}
+
+void attributes(FuzzedDataProvider& data) {
+    talvern::types::KeyValPair kept;
+    auto& interfaces = mock<EthernetInterfacesMock>();
+    ON_CALL(interfaces, setInterface).WillByDefault([&](auto& attributes) {
+        kept = attributes;
+        return 0;
+    });
+    ON_CALL(interfaces, getInterface).WillByDefault([&](const auto&) { return &kept; });
+    const jsize size = data.ConsumeIntegralInRange(0, 20);
+    jclass strings = env->FindClass("java/lang/String");
+    jobjectArray keys = env->NewObjectArray(size, strings, nullptr);
+    jobjectArray values = env->NewObjectArray(size, strings, nullptr);
+    jobject expected = newObject("java/util/HashMap", "()V");
+    jmethodID put = env->GetMethodID(env->GetObjectClass(expected), "put",
+                                     "(Ljava/lang/Object;Ljava/lang/Object;)Ljava/lang/Object;");
+    for (jsize i = 0; i < size; ++i) {
+        jstring key = anyText(data);
+        jstring value = anyText(data);
+        env->SetObjectArrayElement(keys, i, key);
+        env->SetObjectArrayElement(values, i, value);
+        env->CallObjectMethod(expected, put, key, value);
+    }
+    const std::string javaClass = "appliance/EthernetInterfaces";
+    invoke(bridgeNative(javaClass, "_setEthernetInterface"), {object(keys), object(values)});
+    const Outcome outcome = invoke(bridgeNative(javaClass, "_getEthernetInterface"), {object(javaString("eth0"))});
+    require(areEqual(expected, outcome.result.l), "other attributes");
+}
+
+}  // namespace
+
+extern "C" const char* __asan_default_options();
+extern "C" const char* __asan_default_options() { return "handle_segv=0:detect_leaks=0"; }
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size);
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+    env = javaEnv();
+    bridgeNatives();
+    env->PushLocalFrame(1000);
+    FuzzedDataProvider data{bytes, size};
+    switch (data.ConsumeIntegralInRange(0, 3)) {
+        case 0: text(data); break;
+        case 1: bytesOfThePlatform(data); break;
+        case 2: tree(data); break;
+        default: attributes(data);
+    }
+    platform::mocks().clear();
+    env->PopLocalFrame(nullptr);
+    return 0;
+}
