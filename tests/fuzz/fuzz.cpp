@@ -1,8 +1,8 @@
 // Random input for the conversions, in both directions. What goes in must come back, and nothing may crash.
-#include <fuzzer/FuzzedDataProvider.h>
 #include <jni.h>
 
 #include <cstdlib>
+#include <fuzzer/FuzzedDataProvider.h>
 #include <iostream>
 
 #include "config/value.h"
@@ -49,15 +49,17 @@ jobject anyTree(FuzzedDataProvider& data, int levels) {
     const auto mu = static_cast<jboolean>(data.ConsumeBool());
     const int kind = data.ConsumeIntegralInRange(0, levels > 1 ? 3 : 1);
     if (kind == 0) return nullptr;
-    if (kind == 1) return newObject("com/kvo/talvern/config/SimpleValue", "(Ljava/lang/String;Z)V", anyText(data), mu);
+    if (kind == 1)
+        return newObject("com/kvo/talvern/config/SimpleValue", "(Ljava/lang/String;Z)V", anyText(data), mu);
     const bool isStruct = kind == 2;
-    jobject value = newObject(isStruct ? "com/kvo/talvern/config/StructValue" : "com/kvo/talvern/config/ArrayValue",
-                              "(Z)V", mu);
+    jobject value = newObject(
+        isStruct ? "com/kvo/talvern/config/StructValue" : "com/kvo/talvern/config/ArrayValue", "(Z)V", mu);
     jclass javaClass = env->GetObjectClass(value);
     for (int size = data.ConsumeIntegralInRange(0, 4); size > 0; --size) {
         if (isStruct) {
             jmethodID put = env->GetMethodID(
-                javaClass, "put", "(Ljava/lang/String;Lcom/kvo/talvern/config/Value;)Lcom/kvo/talvern/config/Value;");
+                javaClass, "put",
+                "(Ljava/lang/String;Lcom/kvo/talvern/config/Value;)Lcom/kvo/talvern/config/Value;");
             jstring key = anyText(data);
             env->CallObjectMethod(value, put, key, anyTree(data, levels - 1));
         } else {
@@ -76,11 +78,14 @@ jvalue object(jobject reference) {
 
 void text(FuzzedDataProvider& data) {
     std::string name;
-    ON_CALL(mock<NodeNameMock>(), set).WillByDefault(testing::DoAll(testing::SaveArg<0>(&name), testing::Return(0)));
+    ON_CALL(mock<NodeNameMock>(), set)
+        .WillByDefault(testing::DoAll(testing::SaveArg<0>(&name), testing::Return(0)));
     ON_CALL(mock<NodeNameMock>(), get).WillByDefault([&] { return name; });
     jstring in = anyText(data);
-    require(invoke(bridgeNative("appliance/NodeName", "_setNodeName"), {object(in)}).exception.empty(), "refused");
-    require(areEqual(in, invoke(bridgeNative("appliance/NodeName", "_getNodeName"), {}).result.l), "another text");
+    require(invoke(bridgeNative("appliance/NodeName", "_setNodeName"), {object(in)}).exception.empty(),
+            "refused");
+    require(areEqual(in, invoke(bridgeNative("appliance/NodeName", "_getNodeName"), {}).result.l),
+            "another text");
 }
 
 void bytesOfThePlatform(FuzzedDataProvider& data) {
@@ -92,10 +97,11 @@ void bytesOfThePlatform(FuzzedDataProvider& data) {
 void tree(FuzzedDataProvider& data) {
     std::unique_ptr<Value> kept;
     auto& service = mock<ConfigServiceMock>();
-    ON_CALL(service, updateObject).WillByDefault([&](const auto&, const auto&, const auto&, const Value* value, bool) {
-        kept.reset(value == nullptr ? nullptr : value->clone());
-        return Service::ReturnCode{};
-    });
+    ON_CALL(service, updateObject)
+        .WillByDefault([&](const auto&, const auto&, const auto&, const Value* value, bool) {
+            kept.reset(value == nullptr ? nullptr : value->clone());
+            return Service::ReturnCode{};
+        });
     ON_CALL(service, queryObject).WillByDefault([&](const auto&, const auto&, const auto&, Value** value) {
         *value = kept.get();
         return Service::ReturnCode{};
@@ -106,8 +112,10 @@ void tree(FuzzedDataProvider& data) {
     const std::vector<jvalue> id{object(javaString("t")), object(javaString("p")), object(javaString("n"))};
     std::vector<jvalue> update = id;
     update.insert(update.end(), {object(in), merge});
-    require(invoke(bridgeNative("config/ServiceUtils", "_updateObject"), update).exception.empty(), "refused");
-    require(areEqual(in, invoke(bridgeNative("config/ServiceUtils", "_queryObject"), id).result.l), "another tree");
+    require(invoke(bridgeNative("config/ServiceUtils", "_updateObject"), update).exception.empty(),
+            "refused");
+    require(areEqual(in, invoke(bridgeNative("config/ServiceUtils", "_queryObject"), id).result.l),
+            "another tree");
 }
 
 void attributes(FuzzedDataProvider& data) {
@@ -134,7 +142,8 @@ void attributes(FuzzedDataProvider& data) {
     }
     const std::string javaClass = "appliance/EthernetInterfaces";
     invoke(bridgeNative(javaClass, "_setEthernetInterface"), {object(keys), object(values)});
-    const Outcome outcome = invoke(bridgeNative(javaClass, "_getEthernetInterface"), {object(javaString("eth0"))});
+    const Outcome outcome =
+        invoke(bridgeNative(javaClass, "_getEthernetInterface"), {object(javaString("eth0"))});
     require(areEqual(expected, outcome.result.l), "other attributes");
 }
 
@@ -150,10 +159,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     env->PushLocalFrame(1000);
     FuzzedDataProvider data{bytes, size};
     switch (data.ConsumeIntegralInRange(0, 3)) {
-        case 0: text(data); break;
-        case 1: bytesOfThePlatform(data); break;
-        case 2: tree(data); break;
-        default: attributes(data);
+        case 0:
+            text(data);
+            break;
+        case 1:
+            bytesOfThePlatform(data);
+            break;
+        case 2:
+            tree(data);
+            break;
+        default:
+            attributes(data);
     }
     platform::mocks().clear();
     env->PopLocalFrame(nullptr);
