@@ -56,18 +56,30 @@ std::string toNative(JNIEnv* env, jstring text) {
     return copy;
 }
 
-/// The outcome, stored on the receiver too.
-jobject report(JNIEnv* env, jobject receiver, Service::ReturnCode code) {
-    jclass codeClass = env->FindClass("com/kvo/talvern/config/ReturnCode");
-    jmethodID valueOf = env->GetStaticMethodID(codeClass, "valueOf",
-                                               "(Ljava/lang/String;)Lcom/kvo/talvern/config/ReturnCode;");
-    const jvalue name = asValue(env->NewStringUTF(config::RETURNCODE_STR[static_cast<std::int32_t>(code)]));
-    const jvalue javaCode = asValue(env->CallStaticObjectMethodA(codeClass, valueOf, &name));
-    jmethodID setReturnCode = env->GetMethodID(env->GetObjectClass(receiver), "setReturnCode",
-                                               "(Lcom/kvo/talvern/config/ReturnCode;)V");
-    env->CallVoidMethodA(receiver, setReturnCode, &javaCode);
-    return javaCode.l;
-}
+struct Codes {
+    explicit Codes(JNIEnv* e)
+        : env{e},
+          codeClass{env->FindClass("com/kvo/talvern/config/ReturnCode")},
+          valueOf{env->GetStaticMethodID(codeClass, "valueOf",
+                                         "(Ljava/lang/String;)Lcom/kvo/talvern/config/ReturnCode;")} {}
+
+    jobject convert(Service::ReturnCode code) {
+        const jvalue name =
+            asValue(env->NewStringUTF(config::RETURNCODE_STR[static_cast<std::int32_t>(code)]));
+        return env->CallStaticObjectMethodA(codeClass, valueOf, &name);
+    }
+
+    void store(jobject receiver, Service::ReturnCode code) {
+        const jvalue javaCode = asValue(convert(code));
+        jmethodID setReturnCode = env->GetMethodID(env->GetObjectClass(receiver), "setReturnCode",
+                                                   "(Lcom/kvo/talvern/config/ReturnCode;)V");
+        env->CallVoidMethodA(receiver, setReturnCode, &javaCode);
+    }
+
+    JNIEnv* env;
+    jclass codeClass;
+    jmethodID valueOf;
+};
 
 struct ToJava {
     explicit ToJava(JNIEnv* e)
@@ -290,7 +302,7 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_bench_Floor_getAdminState(JNIEnv*
     const std::string nativeType = toNative(env, type);
     const std::string nativeParent = toNative(env, parent);
     Service::AdminState state{};
-    report(env, receiver, Service::getAdminState(nativeType, nativeParent, toNative(env, name), state));
+    Codes{env}.store(receiver, Service::getAdminState(nativeType, nativeParent, toNative(env, name), state));
     jclass stateClass = env->FindClass("com/kvo/talvern/config/AdminState");
     jmethodID valueOf = env->GetStaticMethodID(stateClass, "valueOf",
                                                "(Ljava/lang/String;)Lcom/kvo/talvern/config/AdminState;");
@@ -304,7 +316,10 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_bench_Floor_validateObject(JNIEnv
                                                                           jobject value) {
     const std::string nativeType = toNative(env, type);
     const std::unique_ptr<const Value> tree{ToNative{env}.convert(value)};
-    return report(env, receiver, Service::validateObject(nativeType, tree.get()));
+    const Service::ReturnCode code = Service::validateObject(nativeType, tree.get());
+    Codes codes{env};
+    codes.store(receiver, code);
+    return codes.convert(code);  // anew: the API has it converted after the buffers went back
 }
 
 JNIEXPORT jobject JNICALL Java_com_kvo_talvern_bench_Floor_queryObject(JNIEnv* env, jobject, jobject receiver,
@@ -313,7 +328,7 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_bench_Floor_queryObject(JNIEnv* e
     const std::string nativeType = toNative(env, type);
     const std::string nativeParent = toNative(env, parent);
     Value* value = nullptr;
-    report(env, receiver, Service::queryObject(nativeType, nativeParent, toNative(env, name), &value));
+    Codes{env}.store(receiver, Service::queryObject(nativeType, nativeParent, toNative(env, name), &value));
     return ToJava{env}.convert(value);
 }
 

@@ -19,10 +19,13 @@ double median(std::vector<double> values) {
     return *middle;
 }
 
-/// How many calls are timed at once. Short rounds are seldom interrupted on a machine that does other work
-/// too.
-int callsPerRound(const Cases& cases, int index) {
-    constexpr double enough = 300'000;  // nanoseconds
+// How long a round lasts, in nanoseconds. Short ones are seldom interrupted on a machine that does other work
+// too; with two threads, their start must not matter.
+constexpr double shortRound = 300'000;
+constexpr double roundOfThreads = 20'000'000;
+
+/// How many calls make a round.
+int callsPerRound(const Cases& cases, int index, double enough) {
     int calls = 1;
     while (cases.time(index, floorCode, calls) < enough) calls *= 2;
     return calls;
@@ -45,13 +48,16 @@ bool prepare(benchmark::State& state, const Cases& cases, int index) {
 /// All ways of one case in turn, round after round; the figures are the medians.
 void measureCase(benchmark::State& state, const Cases& cases, int index) {
     if (!prepare(state, cases, index)) return;
-    const int calls = callsPerRound(cases, index);
+    const int calls = callsPerRound(cases, index, shortRound);
     std::vector<double> times[3];
     std::vector<double> ratios;
+    bool isBridgeFirst = true;
     for (auto _ : state) {
-        for (int way = 0; way < cases.ways(index); ++way) {
-            times[way].push_back(cases.time(index, Way{way}, calls) / calls);
+        for (int turn = 0; turn < cases.ways(index); ++turn) {
+            const Way way{turn == jna || isBridgeFirst ? turn : floorCode - turn};
+            times[way].push_back(cases.time(index, way, calls) / calls);
         }
+        isBridgeFirst = !isBridgeFirst;
         ratios.push_back(times[bridge].back() / times[floorCode].back());
         state.SetIterationTime(times[bridge].back() * 1e-9);
     }
@@ -73,25 +79,27 @@ void measureCase(benchmark::State& state, const Cases& cases, int index) {
     }
 }
 
-/// How much more two threads do than one, against how much more two spin loops do in the same rounds.
+/// What two threads do in the time in which one does 1.
+double gainOfTwoThreads(const Cases& cases, int index, Way way, int calls) {
+    const double one = cases.time(index, way, calls);
+    return 2 * one / cases.timeOfTwoThreads(index, way, calls);
+}
+
+/// The gain of the bridge, beside those of the floor and of a spin loop in the same rounds.
 void measureTwoThreads(benchmark::State& state, const Cases& cases, int index, int spinIndex) {
     if (!prepare(state, cases, spinIndex) || !prepare(state, cases, index)) return;
-    const int calls = callsPerRound(cases, index);
-    const int spins = callsPerRound(cases, spinIndex);
-    std::vector<double> gains, spinGains, shares;
+    const int calls = callsPerRound(cases, index, roundOfThreads);
+    const int spins = callsPerRound(cases, spinIndex, roundOfThreads);
+    std::vector<double> gains, floorGains, spinGains;
     for (auto _ : state) {
-        const double one = cases.time(index, bridge, calls);
-        const double two = cases.timeOfTwoThreads(index, bridge, calls);
-        const double oneSpin = cases.time(spinIndex, bridge, spins);
-        const double twoSpins = cases.timeOfTwoThreads(spinIndex, bridge, spins);
-        gains.push_back(2 * one / two);
-        spinGains.push_back(2 * oneSpin / twoSpins);
-        shares.push_back(gains.back() / spinGains.back());
-        state.SetIterationTime(two * 1e-9);
+        gains.push_back(gainOfTwoThreads(cases, index, bridge, calls));
+        floorGains.push_back(gainOfTwoThreads(cases, index, floorCode, calls));
+        spinGains.push_back(gainOfTwoThreads(cases, spinIndex, bridge, spins));
+        state.SetIterationTime(roundOfThreads * 1e-9);
     }
-    state.counters["gain"] = median(gains);
+    state.counters["bridge_gain"] = median(gains);
+    state.counters["floor_gain"] = median(floorGains);
     state.counters["spin_gain"] = median(spinGains);
-    state.counters["share"] = median(shares);
 }
 
 /// Makes the calls of each case between two dumps of callgrind, whose figures scripts/bench takes from them.
@@ -132,6 +140,7 @@ class Tables : public benchmark::BenchmarkReporter {
     }
 
     void Finalize() override {
+        if (ratios_.empty()) return;
         std::printf("\nmedian of the ratios: %.3f\n", median(ratios_));
         std::printf("\n%-12s %30s\n", "per element", "1,000,000 against 1,000");
         for (const auto& [name, costs] : costs_) {
@@ -148,7 +157,11 @@ class Tables : public benchmark::BenchmarkReporter {
         return found == run.counters.end() ? 0 : found->second.value;
     }
 
-    static std::string nameOf(const Run& run) { return run.run_name.function_name; }
+    /// The name without its size.
+    static std::string nameOf(const Run& run) {
+        const std::string& name = run.run_name.function_name;
+        return name.substr(0, name.find('/'));
+    }
 
     void printCase(const Run& run) {
         if (ratios_.empty()) {
@@ -171,10 +184,15 @@ class Tables : public benchmark::BenchmarkReporter {
     }
 
     void printThreads(const Run& run) {
-        if (!hasThreads_) std::printf("\n%-36s %8s %8s %8s\n", "two threads", "gain", "spin", "share");
+        if (!hasThreads_) {
+            std::printf("\n%-36s %8s %8s %8s %8s\n", "gain by a second thread", "spin", "floor", "bridge",
+                        "of spin");
+        }
         hasThreads_ = true;
-        std::printf("%-36s %8.2f %8.2f %8.2f\n", nameOf(run).c_str(), counter(run, "gain"),
-                    counter(run, "spin_gain"), counter(run, "share"));
+        const double spin = counter(run, "spin_gain");
+        const double bridgeGain = counter(run, "bridge_gain");
+        std::printf("%-36s %8.2f %8.2f %8.2f %8.2f\n", nameOf(run).c_str(), spin, counter(run, "floor_gain"),
+                    bridgeGain, bridgeGain / spin);
     }
 
     bool hasThreads_ = false;
@@ -196,7 +214,7 @@ int main(int argc, char** argv) {
     const int spinIndex = cases.count() - 1;
     for (int index = 0; index < spinIndex; ++index) {
         const int size = cases.size(index);
-        const int rounds = size <= 1000 ? 1001 : size <= 10'000 ? 101 : size <= 100'000 ? 21 : 7;
+        const int rounds = size <= 1000 ? 1001 : size <= 10'000 ? 201 : size <= 100'000 ? 51 : 15;
         benchmark::RegisterBenchmark(
             (cases.name(index) + "/" + std::to_string(size)).c_str(),
             [&cases, index](benchmark::State& state) { measureCase(state, cases, index); })
@@ -206,7 +224,7 @@ int main(int argc, char** argv) {
     for (int index = 0; index < spinIndex; ++index) {
         if (cases.size(index) != 1 && cases.size(index) != 1000) continue;
         benchmark::RegisterBenchmark(
-            ("two threads: " + cases.name(index)).c_str(),
+            (cases.name(index) + "/two threads").c_str(),
             [&, index](benchmark::State& state) { measureTwoThreads(state, cases, index, spinIndex); })
             ->UseManualTime()
             ->Iterations(31);
