@@ -152,10 +152,16 @@ void attributes(FuzzedDataProvider& data) {
 extern "C" const char* __asan_default_options();
 extern "C" const char* __asan_default_options() { return "handle_segv=0:detect_leaks=0"; }
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size);
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+// Loads the bridge, whose ways are counted, before the first input.
+extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv);
+extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
     env = javaEnv();
     bridgeNatives();
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size);
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     env->PushLocalFrame(1000);
     FuzzedDataProvider data{bytes, size};
     switch (data.ConsumeIntegralInRange(0, 3)) {

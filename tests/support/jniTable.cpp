@@ -7,6 +7,7 @@
 #include <set>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 
 #include "support/allocation.h"
 
