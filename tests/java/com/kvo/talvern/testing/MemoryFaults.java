@@ -15,7 +15,7 @@ public class MemoryFaults {
         Planted.load();
         MemoryFaults faults = new MemoryFaults();
         Runnable count = () -> {
-            for (int i = 0; i < 1000; i++) {
+            for (int i = 0; i < 100_000; i++) {
                 faults._countsUnguarded();
             }
         };
