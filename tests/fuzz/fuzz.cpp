@@ -150,7 +150,9 @@ void attributes(FuzzedDataProvider& data) {
 }  // namespace
 
 extern "C" const char* __asan_default_options();
-extern "C" const char* __asan_default_options() { return "handle_segv=0:detect_leaks=0"; }
+extern "C" const char* __asan_default_options() {
+    return "handle_segv=0:detect_leaks=0:alloc_dealloc_mismatch=0";
+}
 
 // Loads the bridge, whose ways are counted, before the first input.
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv);
