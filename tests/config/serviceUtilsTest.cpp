@@ -113,14 +113,14 @@ TEST_F(ServiceUtilsTest, ListsNamesAndTypesInOrder) {
 TEST_F(ServiceUtilsTest, ReadsAStateOnlyIfThereIsOne) {
     EXPECT_CALL(service(), getOpState("type", "parent", "name", _))
         .WillOnce(DoAll(SetArgReferee<3>(Service::OpState{1}), Return(Code::OK)))
-        .WillOnce(DoAll(SetArgReferee<3>(Service::OpState{99}), Return(Code{3})));
+        .WillOnce(DoAll(SetArgReferee<3>(Service::OpState{1}), Return(Code{3})));
     EXPECT_EQ(requestFor("_getOpState").resultText, "UP");
     EXPECT_EQ(code(), "OK");
     EXPECT_EQ(requestFor("_getOpState").resultText, "null");
     EXPECT_EQ(code(), "ALREADY_EXISTS");
     EXPECT_CALL(service(), getAdminState("type", "parent", "name", _))
         .WillOnce(DoAll(SetArgReferee<3>(Service::AdminState{2}), Return(Code::OK)))
-        .WillOnce(DoAll(SetArgReferee<3>(Service::AdminState{99}), Return(Code{3})));
+        .WillOnce(DoAll(SetArgReferee<3>(Service::AdminState{2}), Return(Code{3})));
     EXPECT_EQ(requestFor("_getAdminState").resultText, "DISABLED");
     EXPECT_EQ(requestFor("_getAdminState").resultText, "null");
 }
