@@ -92,12 +92,6 @@ class JavaEnum {
     StaticMethod<"values", Literal{"()[L"} + Class + Literal{";"}> values_;
 };
 
-/// The constant of the enum with this ordinal; see `JavaEnumConstants::at`.
-template <Literal Class>
-jobject javaEnumByOrdinal(JNIEnv* env, jint ordinal) {
-    return JavaEnum<Class>{env}.constants().at(ordinal);
-}
-
 /// java.util.HashMap: creates and fills any number of maps with one lookup.
 class JavaHashMaps {
   public:

@@ -48,6 +48,17 @@ jobject requestWithValue(JNIEnv* env, jobject receiver, UtfStrings& utf, jobject
     return report(env, receiver, utf, operation(tree.get()));
 }
 
+/// Asks the service for a change of an object as a whole.
+template <typename Operation>
+jobject
+changeWhole(JNIEnv* env, jobject receiver, Operation operation, jstring type, jstring parent, jstring name) {
+    return changingEntryPoint(env, jobject{}, [&] {
+        UtfStrings utf{env};
+        const ObjectId id{utf, type, parent, name};
+        return report(env, receiver, utf, operation(id.type, id.parent, id.name));
+    });
+}
+
 /// Reads a state; null unless the service gives one.
 template <typename State, typename Read, typename Convert>
 jobject readState(JNIEnv* env, jobject receiver, UtfStrings& utf, Read read, Convert convert) {
@@ -89,22 +100,14 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1updateObjec
 
 JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1deleteObject(
     JNIEnv* env, jobject receiver, jstring type, jstring parent, jstring name) {
-    return changingEntryPoint(env, jobject{}, [&] {
-        UtfStrings utf{env};
-        const ObjectId id{utf, type, parent, name};
-        return report(env, receiver, utf, Service::deleteObject(id.type, id.parent, id.name));
-    });
+    return changeWhole(env, receiver, Service::deleteObject, type, parent, name);
 }
 
 JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1resetObject(JNIEnv* env,
                                                                                  jobject receiver,
                                                                                  jstring type, jstring parent,
                                                                                  jstring name) {
-    return changingEntryPoint(env, jobject{}, [&] {
-        UtfStrings utf{env};
-        const ObjectId id{utf, type, parent, name};
-        return report(env, receiver, utf, Service::resetObject(id.type, id.parent, id.name));
-    });
+    return changeWhole(env, receiver, Service::resetObject, type, parent, name);
 }
 
 JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1queryObject(JNIEnv* env,
