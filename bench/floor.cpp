@@ -338,6 +338,10 @@ JNIEXPORT void JNICALL Java_com_kvo_talvern_bench_Floor_setSize(JNIEnv*, jobject
     bench::setSize(static_cast<std::size_t>(size));
 }
 
+JNIEXPORT void JNICALL Java_com_kvo_talvern_bench_Floor_makeLists(JNIEnv*, jobject, jint count) {
+    bench::makeLists(static_cast<std::size_t>(count));
+}
+
 JNIEXPORT void JNICALL Java_com_kvo_talvern_bench_Floor_setRecording(JNIEnv*, jobject, jboolean isRecording) {
     bench::setRecording(isRecording == JNI_TRUE);
 }

@@ -39,6 +39,11 @@ Cases::Cases(Jvm kind) : env_{createJvm(kind)}, class_{env_->FindClass("com/kvo/
     stopAfterException();
 }
 
+void Cases::makeReady(int index, int calls) const {
+    env_->CallStaticVoidMethod(class_, method("makeReady", "(II)V"), index, calls);
+    stopAfterException();
+}
+
 double Cases::javaBytes() const {
     return static_cast<double>(env_->CallStaticLongMethod(class_, method("javaBytes", "()J")));
 }

@@ -24,6 +24,9 @@ class Cases {
     /// Makes the data of a case ready. What differs between the results of the ways; empty if nothing does.
     [[nodiscard]] std::string prepare(int index) const { return callText("prepare", index); }
 
+    /// Lets the platform make ready what it will hand out in this many calls; to be done before these.
+    void makeReady(int index, int calls) const;
+
     /// Nanoseconds that `calls` calls take.
     [[nodiscard]] double time(int index, Way way, int calls) const {
         return callTime("time", index, way, calls);

@@ -24,10 +24,16 @@ double median(std::vector<double> values) {
 constexpr double shortRound = 300'000;
 constexpr double roundOfThreads = 20'000'000;
 
+/// Nanoseconds that `calls` calls take, without what the platform does beforehand.
+double timeOf(const Cases& cases, int index, Way way, int calls) {
+    cases.makeReady(index, calls);
+    return cases.time(index, way, calls);
+}
+
 /// How many calls make a round.
 int callsPerRound(const Cases& cases, int index, double enough) {
     int calls = 1;
-    while (cases.time(index, floorCode, calls) < enough) calls *= 2;
+    while (timeOf(cases, index, floorCode, calls) < enough) calls *= 2;
     return calls;
 }
 
@@ -40,7 +46,7 @@ bool prepare(benchmark::State& state, const Cases& cases, int index) {
     }
     const int warmUp = std::max(2, 20'000 / cases.size(index));
     for (int way = 0; way < cases.ways(index); ++way) {
-        static_cast<void>(cases.time(index, Way{way}, warmUp));
+        static_cast<void>(timeOf(cases, index, Way{way}, warmUp));
     }
     return true;
 }
@@ -55,7 +61,7 @@ void measureCase(benchmark::State& state, const Cases& cases, int index) {
     for (auto _ : state) {
         for (int turn = 0; turn < cases.ways(index); ++turn) {
             const Way way{turn == jna || isBridgeFirst ? turn : floorCode - turn};
-            times[way].push_back(cases.time(index, way, calls) / calls);
+            times[way].push_back(timeOf(cases, index, way, calls) / calls);
         }
         isBridgeFirst = !isBridgeFirst;
         ratios.push_back(times[bridge].back() / times[floorCode].back());
@@ -69,6 +75,7 @@ void measureCase(benchmark::State& state, const Cases& cases, int index) {
 
     for (const Way way : {bridge, floorCode}) {
         const std::string prefix = way == bridge ? "bridge_" : "floor_";
+        cases.makeReady(index, 1);
         const Allocated before = allocated();
         const double javaBefore = cases.javaBytes();
         static_cast<void>(cases.time(index, way, 1));
@@ -81,7 +88,8 @@ void measureCase(benchmark::State& state, const Cases& cases, int index) {
 
 /// What two threads do in the time in which one does 1.
 double gainOfTwoThreads(const Cases& cases, int index, Way way, int calls) {
-    const double one = cases.time(index, way, calls);
+    const double one = timeOf(cases, index, way, calls);
+    cases.makeReady(index, 2 * calls);
     return 2 * one / cases.timeOfTwoThreads(index, way, calls);
 }
 
@@ -110,9 +118,10 @@ void countInstructions(const Cases& cases) {
         if (size > 1000 || !cases.prepare(index).empty()) continue;
         const std::string name = cases.name(index) + "/" + std::to_string(size);
         for (const Way way : {bridge, floorCode}) {  // until the JVM has compiled what both call
-            static_cast<void>(cases.time(index, way, std::max(20, 5000 / size)));
+            static_cast<void>(timeOf(cases, index, way, std::max(20, 5000 / size)));
         }
         for (const Way way : {bridge, floorCode}) {
+            cases.makeReady(index, 10);
             CALLGRIND_ZERO_STATS;
             static_cast<void>(cases.time(index, way, 10));
             part = name + (way == bridge ? " bridge" : " floor");

@@ -11,8 +11,12 @@ namespace bench {
 /// an operation runs.
 void setSize(std::size_t size);
 
-/// From now on what the platform is given is kept as text, for
-/// `received`, which is empty at first. Costs time: not while measuring.
+/// Makes ready what the next `count` calls for a list of texts will hand out, so that no copy of it is made
+/// while they are measured. Not while an operation runs.
+void makeLists(std::size_t count);
+
+/// From now on what the platform is given is kept as text, for `received`, which is empty at first. Costs
+/// time: not while measuring.
 void setRecording(bool isRecording);
 
 /// What the platform was given last.

@@ -41,6 +41,8 @@ final class Floor {
 
     native void setSize(int size);
 
+    native void makeLists(int count);
+
     native void setRecording(boolean isRecording);
 
     native String received();
