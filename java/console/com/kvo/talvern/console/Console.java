@@ -51,15 +51,19 @@ public final class Console implements Runnable {
     public static void main(String[] arguments) {
         PrintWriter out = writer(FileDescriptor.out);
         PrintWriter err = writer(FileDescriptor.err);
-        int exitCode;
-        try {
-            exitCode = commandLine(arguments).setOut(out).setErr(err).execute(arguments);
-        } catch (LinkageError e) {
-            exitCode = fail(err, e.getMessage(), ExitCode.NOT_LOADED);
-        }
+        int exitCode = execute(arguments, out, err);
         out.flush();
         err.flush();
         System.exit(exitCode);
+    }
+
+    /** Does what a command line says; the exit code. */
+    static int execute(String[] arguments, PrintWriter out, PrintWriter err) {
+        try {
+            return commandLine(arguments).setOut(out).setErr(err).execute(arguments);
+        } catch (LinkageError e) {
+            return fail(err, e.getMessage(), ExitCode.NOT_LOADED);
+        }
     }
 
     /** What reads any command line. */

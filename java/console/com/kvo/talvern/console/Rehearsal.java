@@ -4,8 +4,8 @@ import java.io.PrintWriter;
 import java.io.Writer;
 
 /**
- * Goes through commands of every kind, without any output. The build archives the classes that are loaded then,
- * so that the console starts quickly.
+ * Goes through commands of every kind, without any output. The build and the installation archive the classes that
+ * are loaded then, so that the console starts quickly.
  */
 final class Rehearsal {
     private Rehearsal() {}
@@ -36,7 +36,7 @@ final class Rehearsal {
         };
         for (String[] command : commands) {
             PrintWriter nowhere = new PrintWriter(Writer.nullWriter());
-            Console.commandLine(command).setOut(nowhere).setErr(nowhere).execute(command);
+            Console.execute(command, nowhere, nowhere);
         }
     }
 }
