@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <chrono>
 #include <optional>
 #include <string_view>
@@ -25,10 +26,12 @@ constexpr std::array images{Image{"talvern-2.0.img", true}, Image{"talvern-2.1.i
 struct State {
     Image running = images[0];
     std::optional<Image> previous;
-    bool isUpgrading = false;
 };
 // Never destroyed: an upgrade's thread may still run while the process ends.
 Memory<State>& memory = *new Memory<State>;
+
+// Not part of the memory: a device reset ends no upgrade.
+std::atomic<bool> isUpgrading = false;
 
 std::optional<Image> find(const std::string& name) {
     const auto* found =
@@ -57,8 +60,9 @@ void install(const Image& image, bool keepPrevious, UpgradeCallback* callback) {
         }
     }
     memory.use([&](State& state) {
-        state = State{image, keepPrevious ? std::optional{state.running} : std::nullopt, false};
+        state = State{image, keepPrevious ? std::optional{state.running} : std::nullopt};
     });
+    isUpgrading = false;
     report(done, FwUpgradeCode::finished);
 }
 
@@ -70,9 +74,9 @@ bool isReleaseKeyed() {
 
 std::int32_t rollback() {
     return memory.use([](State& state) {
-        if (state.isUpgrading) return busy;
+        if (isUpgrading) return busy;
         if (!state.previous) return notFound;
-        state = State{*state.previous, std::nullopt, false};
+        state = State{*state.previous, std::nullopt};
         return success;
     });
 }
@@ -89,7 +93,7 @@ std::int32_t reflash(const std::string& name) {
     const std::optional<Image> image = find(name);
     if (!image) return notFound;
     return memory.use([&](State& state) {
-        if (state.isUpgrading) return busy;
+        if (isUpgrading) return busy;
         state.running = *image;
         return success;
     });
@@ -99,8 +103,13 @@ std::int32_t upgrade(const std::string& name, bool force, bool keepPrevious, Upg
     const std::optional<Image> image = find(name);
     if (!image) return notFound;
     if (!image->isReleaseKeyed && !force) return notPermitted;
-    if (memory.use([](State& state) { return std::exchange(state.isUpgrading, true); })) return busy;
-    std::thread{install, *image, keepPrevious, callback}.detach();
+    if (isUpgrading.exchange(true)) return busy;
+    try {
+        std::thread{install, *image, keepPrevious, callback}.detach();
+    } catch (...) {
+        isUpgrading = false;
+        throw;
+    }
     return success;
 }
 

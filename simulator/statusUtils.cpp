@@ -1,6 +1,8 @@
 #include "platform/statusUtils.h"
 
+#include <algorithm>
 #include <chrono>
+#include <cstdint>
 #include <ctime>
 #include <iterator>
 
@@ -163,8 +165,11 @@ bool getBatteryStatus(BatteryStatus& battery) {
 }
 
 bool batteryReplaced() {
-    const auto now = static_cast<std::int32_t>(std::time(nullptr));
-    memory.use([&](State& state) { state.battery = {now, 100, now + 4 * year}; });
+    const std::int64_t now = std::time(nullptr);
+    const auto seconds = [](std::int64_t time) {  // the record ends in 2038
+        return static_cast<std::int32_t>(std::min<std::int64_t>(time, INT32_MAX));
+    };
+    memory.use([&](State& state) { state.battery = {seconds(now), 100, seconds(now + 4 * year)}; });
     return true;
 }
 

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <exception>
+#include <new>
 
 #include "bridge/handleException.h"
 #include "bridge/pendingJavaException.h"
@@ -17,8 +18,6 @@ template <typename... Exception>
 void translate(JNIEnv* env, const Exception&... exception) noexcept {
     try {
         handleException(env, exception...);
-    } catch (const PendingJavaException&) {
-        // The JVM's own exception is on its way to the caller already.
     } catch (...) {
         env->ExceptionClear();
         throwTalvernException(env, "Unknown native exception");
@@ -31,7 +30,9 @@ Result entryPoint(JNIEnv* env, Result failureValue, Body body) noexcept {
     try {
         return body();
     } catch (const PendingJavaException&) {
-        // The JVM's own exception is on its way to the caller already.
+        // The JVM's own exception is on its way to the caller already. It raises none where native memory
+        // runs out for the characters of a string or for a global reference.
+        if (env->ExceptionCheck() == JNI_FALSE) translate(env, std::bad_alloc{});
     } catch (const std::exception& exception) {
         translate(env, exception);
     } catch (...) {

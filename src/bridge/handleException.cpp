@@ -11,6 +11,19 @@ void discardPending(JNIEnv* env) {
     env->ExceptionClear();
 }
 
+/// Throws the Java exception that `create` makes of its class.
+template <typename Create>
+bool throwCreated(JNIEnv* env, const char* className, Create create) {
+    jclass exceptionClass = env->FindClass(className);
+    if (exceptionClass == nullptr) return false;
+    try {
+        env->Throw(static_cast<jthrowable>(notNull(create(exceptionClass))));
+        return true;
+    } catch (const PendingJavaException&) {
+        return false;
+    }
+}
+
 }  // namespace
 
 bool throwTalvernException(JNIEnv* env, const char* message) {
@@ -35,27 +48,25 @@ bool handleException(JNIEnv* env, const std::exception& exception) {
 bool handleException(JNIEnv* env, const talvern::config::messaging::ValidationException& exception) {
     talvern::log::trace(3, "ValidationException caught in libtalvern JNI: %s", exception.what());
     discardPending(env);
-    jclass exceptionClass = env->FindClass("com/kvo/talvern/config/ValidationException");
-    if (exceptionClass == nullptr) return false;
-    const Constructor<"(Ljava/lang/String;Ljava/lang/String;)V"> create{env, exceptionClass};
-    jstring first = notNull(toJavaString(env, exception.first));
-    jstring second = notNull(toJavaString(env, exception.second));
-    jobject javaException = create(first, second);
-    talvern::log::trace(3, "Throwing Java ValidationException in libtalvern JNI\n");
-    env->Throw(static_cast<jthrowable>(notNull(javaException)));
-    return true;
+    return throwCreated(env, "com/kvo/talvern/config/ValidationException", [&](jclass exceptionClass) {
+        const Constructor<"(Ljava/lang/String;Ljava/lang/String;)V"> create{env, exceptionClass};
+        jstring first = notNull(toJavaString(env, exception.first));
+        jstring second = notNull(toJavaString(env, exception.second));
+        jobject javaException = create(first, second);
+        talvern::log::trace(3, "Throwing Java ValidationException in libtalvern JNI\n");
+        return javaException;
+    });
 }
 
 bool handleException(JNIEnv* env, const talvern::config::messaging::ConfigChangeException& exception) {
     talvern::log::trace(3, "ConfigChangeException caught in libtalvern JNI: %s", exception.what());
     discardPending(env);
-    jclass exceptionClass = env->FindClass("com/kvo/talvern/config/ConfigChangeException");
-    if (exceptionClass == nullptr) return false;
-    const Constructor<"(ILjava/lang/String;[Ljava/lang/String;)V"> create{env, exceptionClass};
-    // A copy of its own: creating the Java strings may run Java code, and that may reach the platform again.
-    const std::vector<std::string> texts = exception.texts;
-    jstring text = notNull(toJavaString(env, exception.text));
-    jobject javaException = create(jint{exception.code}, text, toJavaStringArray(env, texts));
-    env->Throw(static_cast<jthrowable>(notNull(javaException)));
-    return true;
+    return throwCreated(env, "com/kvo/talvern/config/ConfigChangeException", [&](jclass exceptionClass) {
+        const Constructor<"(ILjava/lang/String;[Ljava/lang/String;)V"> create{env, exceptionClass};
+        // A copy of its own: creating the Java strings may run Java code, and that may reach the platform
+        // again.
+        const std::vector<std::string> texts = exception.texts;
+        jstring text = notNull(toJavaString(env, exception.text));
+        return create(jint{exception.code}, text, toJavaStringArray(env, texts));
+    });
 }

@@ -7,10 +7,9 @@
 #include "platform/messaging.h"
 
 // Each overload writes a trace line, discards the Java exception that is pending, if any, and throws the Java
-// exception that stands for the native one. True: it is pending now. False: its class was not found, and the
-// JVM's error is pending instead.
-// What the trace log throws comes out of them, as does PendingJavaException when the JVM could not make the
-// Java exception; the frame of the native methods keeps both in.
+// exception that stands for the native one. True: it is pending now. False: its class was not found, or the
+// JVM could not make it, and the JVM's error is pending instead.
+// What the trace log throws comes out of them; the frame of the native methods keeps it in.
 
 /// For an exception of unknown type: a TalvernException.
 JNIEXPORT bool handleException(JNIEnv* env);

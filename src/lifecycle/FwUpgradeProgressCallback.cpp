@@ -40,6 +40,29 @@ class LocalFrame {
     JNIEnv* env_;
 };
 
+/// Takes the exception that an earlier report's callback has left pending out of the way of this report's
+/// calls, and puts it back afterwards.
+class SetAside {
+  public:
+    explicit SetAside(JNIEnv* env) : env_{env}, exception_{env->ExceptionOccurred()} {
+        env->ExceptionClear();
+    }
+    ~SetAside() {
+        if (exception_ == nullptr) return;
+        env_->ExceptionClear();
+        env_->Throw(exception_);
+        env_->DeleteLocalRef(exception_);
+    }
+    SetAside(const SetAside&) = delete;
+    SetAside& operator=(const SetAside&) = delete;
+    SetAside(SetAside&&) = delete;
+    SetAside& operator=(SetAside&&) = delete;
+
+  private:
+    JNIEnv* env_;
+    jthrowable exception_;
+};
+
 struct Classes {
     jclass callback = nullptr;
     jclass code = nullptr;
@@ -86,16 +109,17 @@ void report(JNIEnv* env, jint done, jint total, FwUpgradeCode code) {
 }  // namespace
 
 void FwUpgradeProgressCallback::progress(int done, int total, FwUpgradeCode code) {
-    JNIEnv* env = nullptr;
+    // Before the lock: the JVM may have stopped for ever a thread that holds it.
+    if (processIsEnding()) return;
+    JavaVM* vm = vmOfRegisteredCallback();
+    JNIEnv* env = vm == nullptr ? nullptr : attachCurrentThread(vm);
+    if (env == nullptr) return;
+    const SetAside earlier{env};
     try {
-        JavaVM* vm = vmOfRegisteredCallback();
-        if (vm == nullptr) return;
-        env = attachCurrentThread(vm);
-        if (env == nullptr || env->ExceptionCheck() == JNI_TRUE) return;
         report(env, done, total, code);
     } catch (...) {
         // The report is dropped: the platform could do nothing about it, nor could Java on this thread.
-        if (env != nullptr) env->ExceptionClear();
+        env->ExceptionClear();
     }
 }
 

@@ -5,8 +5,8 @@
 #include "platform/firmwareManagerUtils.h"
 
 /// Passes what the platform reports of an upgrade on to the Java callback that was registered last. A report
-/// is dropped if there is none, if Java cannot be reached, or if a Java exception is pending on the thread;
-/// what the Java callback throws stays pending there.
+/// is dropped if there is none or if Java cannot be reached. What the Java callback throws stays pending on
+/// the thread; the first exception does, if it throws at several reports.
 class JNIEXPORT FwUpgradeProgressCallback : public talvern::firmwareManagerUtils::UpgradeCallback {
   public:
     void progress(int done, int total, FwUpgradeCode code) override;

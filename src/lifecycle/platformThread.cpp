@@ -18,6 +18,9 @@ class ExitWatch {
     ExitWatch& operator=(ExitWatch&&) = delete;
 };
 
+/// Outlives the detacher below: whatever the thread still does then must not attach it again.
+thread_local bool threadEnds = false;
+
 bool isAttached(JavaVM* vm) {
     void* env = nullptr;
     return vm->GetEnv(&env, JNI_VERSION_1_8) == JNI_OK;
@@ -28,6 +31,7 @@ class Detacher {
   public:
     Detacher() = default;
     ~Detacher() {
+        threadEnds = true;
         // Not attached: the JVM is gone, and an older one would block; or someone else has detached it.
         if (vm_ != nullptr && !processEnds && isAttached(vm_)) vm_->DetachCurrentThread();
     }
@@ -46,10 +50,12 @@ thread_local Detacher detacher;
 
 }  // namespace
 
+bool processIsEnding() { return processEnds; }
+
 JNIEnv* attachCurrentThread(JavaVM* vm) {
     // Made by the first report: what the platform made before is destroyed after it.
     static const ExitWatch watch;
-    if (processEnds) return nullptr;
+    if (processEnds || threadEnds) return nullptr;
     const bool wasAttached = isAttached(vm);
     void* env = nullptr;
     vm->AttachCurrentThreadAsDaemon(&env, nullptr);

@@ -26,8 +26,10 @@ class UpgradeCallback {
     /// Says that `done` of `total` is done and what is being done; Java receives all three.
     /// May be called from any thread, the caller's of `upgrade` included, and from several at a time; must
     /// not be called with a lock held that an operation of this namespace needs, since the Java code that it
-    /// runs may call these. Throws nothing. Does nothing once the process has begun to end. A thread that
-    /// Java does not know is made known to it by its first call, and stays so until it ends.
+    /// runs may call these. Throws nothing. A thread that Java does not know is made known to it by its first
+    /// call, and stays so until it ends.
+    /// Does nothing once the process has begun to end: what was made before the first report may wait in its
+    /// destructor for the threads that report.
     virtual void progress(int done, int total, FwUpgradeCode code) = 0;
 };
 

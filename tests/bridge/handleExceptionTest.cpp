@@ -95,4 +95,14 @@ TEST_F(HandleExceptionTest, LeavesTheLookupErrorWhereTheJavaClassIsMissing) {
               "java.lang.NoClassDefFoundError: com/kvo/talvern/config/ConfigChangeException");
 }
 
+TEST_F(HandleExceptionTest, SaysThatItHasThrownNothingWhereTheJvmFails) {
+    for (const std::size_t call : {3, 4, 5}) {  // a lookup, a text, the exception
+        table.restart();
+        table.failCall(call);
+        EXPECT_FALSE(handle(ofValidation, ValidationException{"a", "b"}));
+        EXPECT_THAT(takeException(env), testing::AnyOf("java.lang.NoSuchMethodError: <init>",
+                                                       "java.lang.OutOfMemoryError: planted"));
+    }
+}
+
 }  // namespace

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// Stands between the bridge and the JVM on the current thread: sees each JNI call that the bridge makes,
@@ -37,6 +38,9 @@ class JniTable {
         failingCall_ = index;
         failure_ = failure;
     }
+
+    /// Whether the JVM raises no exception when memory runs out in this function.
+    static bool failsSilently(std::string_view function);
 
     /// Notes which buffers are out while the platform runs: these must come back in the order taken.
     void platformCalled();

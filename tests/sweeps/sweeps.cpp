@@ -288,6 +288,7 @@ std::string failureOf(const JniTable::Call& call, const std::string& failure) {
         return "java.lang.NoSuchMethodError: " + call.detail.substr(begin, end - begin);
     }
     if (function == "GetJavaVM" || function == "PushLocalFrame") return "";  // a status only
+    if (JniTable::failsSilently(function)) return "com.kvo.talvern.TalvernException: std::bad_alloc";
     std::string name = failure;
     std::replace(name.begin(), name.end(), '/', '.');
     return name + ": planted";

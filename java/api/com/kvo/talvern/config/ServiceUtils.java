@@ -35,11 +35,11 @@ public class ServiceUtils {
     }
 
     /**
-     * Is called with what came of each request.
+     * Is called with what came of each request, in the midst of it: hence no other code may run here.
      *
      * @param returnCode the code
      */
-    protected void setReturnCode(ReturnCode returnCode) {
+    protected final void setReturnCode(ReturnCode returnCode) {
         this.returnCode = returnCode;
     }
 

@@ -17,8 +17,8 @@ public class FirmwareManagerUtils {
         /**
          * The upgrade has come this far. Is called on a thread of the appliance or on that of the upgrade's
          * caller, possibly from several threads at a time and after the upgrade's call has returned. May start another
-         * upgrade. If it throws on a thread of the appliance, that thread reports no more; on the caller's,
-         * the caller receives the exception.
+         * upgrade. If it throws on the caller's thread, the caller receives the first exception; on a thread of
+         * the appliance nobody does. Further reports arrive all the same.
          *
          * @param done how much is done
          * @param total how much there is to do in all

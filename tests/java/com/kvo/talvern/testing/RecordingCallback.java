@@ -23,17 +23,12 @@ public class RecordingCallback implements FirmwareManagerUtils.UpgradeCallback {
         return reports.toString();
     }
 
-    /** Throws when the report is its first. */
+    /** Throws at every report. */
     public static class Throwing extends RecordingCallback {
-        private boolean hasThrown;
-
         @Override
         public synchronized void progress(int done, int total, UpgradeCode code) {
             super.progress(done, total, code);
-            if (!hasThrown) {
-                hasThrown = true;
-                throw new IllegalStateException("callback");
-            }
+            throw new IllegalStateException("at " + done);
         }
     }
 
