@@ -169,7 +169,9 @@ bool batteryReplaced() {
     const auto seconds = [](std::int64_t time) {  // the record ends in 2038
         return static_cast<std::int32_t>(std::min<std::int64_t>(time, INT32_MAX));
     };
-    memory.use([&](State& state) { state.battery = {seconds(now), 100, seconds(now + std::int64_t{4} * year)}; });
+    memory.use([&](State& state) {
+        state.battery = {seconds(now), 100, seconds(now + std::int64_t{4} * year)};
+    });
     return true;
 }
 
