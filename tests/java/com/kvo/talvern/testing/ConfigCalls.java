@@ -55,11 +55,9 @@ public final class ConfigCalls {
             String own = "thread-" + i;
             threads[i] = new Thread(() -> {
                 try {
-                    int rounds = 0;
-                    while (System.nanoTime() < end) {
-                        round(rounds % 2 == 0 ? new ServiceUtils() : shared, own, rounds++);
+                    for (int rounds = 0; rounds < 10 || System.nanoTime() < end; rounds++) {
+                        round(rounds % 2 == 0 ? new ServiceUtils() : shared, own, rounds);
                     }
-                    check(rounds > 1, "no time for two rounds");
                 } catch (RuntimeException | AssertionError e) {
                     faults.add(own + ": " + e);
                 }
