@@ -58,7 +58,8 @@ class Constructor {
     /// A new object, as a local reference. What the constructor throws stays pending; the result is null
     /// then.
     template <typename... Arguments>
-    requires Accepts<Signature, Arguments...> jobject operator()(Arguments... arguments) const {
+        requires Accepts<Signature, Arguments...>
+    auto operator()(Arguments... arguments) const -> jobject {
         const auto values = toJvalues(arguments...);
         return env_->NewObjectA(class_, id_, values.data());
     }
@@ -80,16 +81,17 @@ class StaticMethod {
 
     /// Calls the method. What the Java code throws stays pending; the result is null then.
     template <typename... Arguments>
-        requires Accepts<Signature, Arguments...> &&(resultType(Signature.view()).size() > 1) jobject
-        operator()(Arguments... arguments) const {
-            const auto values = toJvalues(arguments...);
-            return env_->CallStaticObjectMethodA(class_, id_, values.data());
-        }
+        requires Accepts<Signature, Arguments...>
+    auto operator()(Arguments... arguments) const -> jobject {
+        static_assert(resultType(Signature.view()).size() > 1);
+        const auto values = toJvalues(arguments...);
+        return env_->CallStaticObjectMethodA(class_, id_, values.data());
+    }
 
-      private:
-        JNIEnv* env_;
-        jclass class_;
-        jmethodID id_;
+  private:
+    JNIEnv* env_;
+    jclass class_;
+    jmethodID id_;
 };
 
 /// Looks the method up on the receiver's own class and calls it once.
