@@ -5,12 +5,7 @@
 namespace {
 
 TEST(Config, DeepTreesEndInAnExceptionWhateverTheStack) {
-    EXPECT_EQ(runJava("ConfigCalls", "deepTrees"), "");
-}
-
-// TALVERN_TEST_SECONDS lengthens it from its two seconds.
-TEST(Config, ThreadsWithOwnAndSharedReceiversLoseNothing) {
-    EXPECT_EQ(runJava("ConfigCalls", "threads"), "");
+    EXPECT_EQ(runJava("Depth", "surprisesOfTheAppliance"), "");
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <fuzzer/FuzzedDataProvider.h>
 #include <iostream>
 
+#include "bridge/signature.h"
 #include "config/value.h"
 #include "mocks/configService.h"
 #include "mocks/ethernetInterfaces.h"
@@ -70,19 +71,13 @@ jobject anyTree(FuzzedDataProvider& data, int levels) {
     return value;
 }
 
-jvalue object(jobject reference) {
-    jvalue value{};
-    value.l = reference;
-    return value;
-}
-
 void text(FuzzedDataProvider& data) {
     std::string name;
     ON_CALL(mock<NodeNameMock>(), set)
         .WillByDefault(testing::DoAll(testing::SaveArg<0>(&name), testing::Return(0)));
     ON_CALL(mock<NodeNameMock>(), get).WillByDefault([&] { return name; });
     jstring in = anyText(data);
-    require(invoke(bridgeNative("appliance/NodeName", "_setNodeName"), {object(in)}).exception.empty(),
+    require(invoke(bridgeNative("appliance/NodeName", "_setNodeName"), {toJvalue(in)}).exception.empty(),
             "refused");
     require(areEqual(in, invoke(bridgeNative("appliance/NodeName", "_getNodeName"), {}).result.l),
             "another text");
@@ -108,10 +103,10 @@ void tree(FuzzedDataProvider& data) {
     });
     jobject in = anyTree(data, 6);
     if (in == nullptr) return;
-    jvalue merge{};
-    const std::vector<jvalue> id{object(javaString("t")), object(javaString("p")), object(javaString("n"))};
+    const std::vector<jvalue> id{toJvalue(javaString("t")), toJvalue(javaString("p")),
+                                 toJvalue(javaString("n"))};
     std::vector<jvalue> update = id;
-    update.insert(update.end(), {object(in), merge});
+    update.insert(update.end(), {toJvalue(in), toJvalue(false)});
     require(invoke(bridgeNative("config/ServiceUtils", "_updateObject"), update).exception.empty(),
             "refused");
     require(areEqual(in, invoke(bridgeNative("config/ServiceUtils", "_queryObject"), id).result.l),
@@ -141,9 +136,9 @@ void attributes(FuzzedDataProvider& data) {
         env->CallObjectMethod(expected, put, key, value);
     }
     const std::string javaClass = "appliance/EthernetInterfaces";
-    invoke(bridgeNative(javaClass, "_setEthernetInterface"), {object(keys), object(values)});
+    invoke(bridgeNative(javaClass, "_setEthernetInterface"), {toJvalue(keys), toJvalue(values)});
     const Outcome outcome =
-        invoke(bridgeNative(javaClass, "_getEthernetInterface"), {object(javaString("eth0"))});
+        invoke(bridgeNative(javaClass, "_getEthernetInterface"), {toJvalue(javaString("eth0"))});
     require(areEqual(expected, outcome.result.l), "other attributes");
 }
 
@@ -166,19 +161,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     env->PushLocalFrame(1000);
     FuzzedDataProvider data{bytes, size};
-    switch (data.ConsumeIntegralInRange(0, 3)) {
-        case 0:
-            text(data);
-            break;
-        case 1:
-            bytesOfThePlatform(data);
-            break;
-        case 2:
-            tree(data);
-            break;
-        default:
-            attributes(data);
-    }
+    data.PickValueInArray({&text, &bytesOfThePlatform, &tree, &attributes})(data);
     platform::mocks().clear();
     env->PopLocalFrame(nullptr);
     return 0;

@@ -34,12 +34,26 @@ void requireText(jstring text) {
     if (text == nullptr) throw std::invalid_argument{"null string argument"};
 }
 
+/// The characters of a text, which are given back once.
+struct Characters {
+    Characters(JNIEnv* jniEnv, jstring javaText) : env{jniEnv}, text{javaText} {
+        requireText(text);
+        chars = env->GetStringUTFChars(text, nullptr);
+    }
+    ~Characters() { env->ReleaseStringUTFChars(text, chars); }
+
+    JNIEnv* env;
+    jstring text;
+    const char* chars;
+};
+
 }  // namespace
+
+#define PLANTED(name) JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_testing_Planted__1##name
 
 extern "C" {
 
-JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_testing_Planted__1swallowsException(JNIEnv* env, jobject,
-                                                                                    jstring text) {
+PLANTED(swallowsException)(JNIEnv* env, jobject, jstring text) {
     return setName(env, [&] {
         requireText(text);
         try {
@@ -50,13 +64,11 @@ JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_testing_Planted__1swallowsExcept
     });
 }
 
-JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_testing_Planted__1callsPlatformWithNull(JNIEnv* env, jobject,
-                                                                                        jstring text) {
+PLANTED(callsPlatformWithNull)(JNIEnv* env, jobject, jstring text) {
     return setName(env, [&] { return isSet(text == nullptr ? "" : "name"); });
 }
 
-JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_testing_Planted__1hidesMissingClass(JNIEnv* env, jobject,
-                                                                                    jstring text) {
+PLANTED(hidesMissingClass)(JNIEnv* env, jobject, jstring text) {
     return setName(env, [&] {
         requireText(text);
         if (env->FindClass("java/lang/String") == nullptr) env->ExceptionClear();
@@ -64,8 +76,7 @@ JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_testing_Planted__1hidesMissingCl
     });
 }
 
-JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_testing_Planted__1losesBuffer(JNIEnv* env, jobject,
-                                                                              jstring text) {
+PLANTED(losesBuffer)(JNIEnv* env, jobject, jstring text) {
     return setName(env, [&] {
         requireText(text);
         const char* chars = env->GetStringUTFChars(text, nullptr);
@@ -75,37 +86,19 @@ JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_testing_Planted__1losesBuffer(JN
     });
 }
 
-JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_testing_Planted__1releasesTwice(JNIEnv* env, jobject,
-                                                                                jstring text) {
+PLANTED(releasesTwice)(JNIEnv* env, jobject, jstring text) {
     return setName(env, [&] {
-        requireText(text);
-        const char* chars = env->GetStringUTFChars(text, nullptr);
-        env->ReleaseStringUTFChars(text, chars);
-        env->ReleaseStringUTFChars(text, chars);
+        const Characters characters{env, text};
+        env->ReleaseStringUTFChars(text, characters.chars);
         return isSet("name");
     });
 }
 
-JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_testing_Planted__1releasesBackwards(JNIEnv* env, jobject,
-                                                                                    jstring first,
-                                                                                    jstring second) {
+PLANTED(releasesBackwards)(JNIEnv* env, jobject, jstring first, jstring second) {
     return setName(env, [&] {
-        requireText(first);
-        requireText(second);
-        const char* firstChars = env->GetStringUTFChars(first, nullptr);
-        const char* secondChars = env->GetStringUTFChars(second, nullptr);
-        const auto release = [&] {
-            env->ReleaseStringUTFChars(second, secondChars);
-            env->ReleaseStringUTFChars(first, firstChars);
-        };
-        try {
-            const bool wasSet = isSet(firstChars);
-            release();
-            return wasSet;
-        } catch (...) {
-            release();
-            throw;
-        }
+        const Characters firstTaken{env, first};
+        const Characters secondTaken{env, second};
+        return isSet(firstTaken.chars);
     });
 }
 

@@ -4,19 +4,18 @@ import static org.junit.Assert.assertEquals;
 import static org.junit.Assert.assertFalse;
 import static org.junit.Assert.assertTrue;
 
-import com.kvo.talvern.firmwaremanager.UpgradeCode;
 import java.io.ByteArrayInputStream;
 import java.io.IOException;
 import java.io.PrintWriter;
 import java.io.StringWriter;
 import java.lang.reflect.Method;
+import java.lang.reflect.Parameter;
+import java.net.ServerSocket;
 import java.nio.charset.StandardCharsets;
 import java.nio.file.Files;
 import java.nio.file.Path;
 import java.util.ArrayList;
-import java.util.LinkedHashMap;
 import java.util.List;
-import java.util.Map;
 import java.util.Set;
 import org.junit.Before;
 import org.junit.Test;
@@ -33,7 +32,7 @@ public class CommandsTest {
     private int run(String command) {
         out.getBuffer().setLength(0);
         err.getBuffer().setLength(0);
-        String[] words = command.split(" ");
+        String[] words = command.isEmpty() ? new String[0] : command.split(" ");
         for (int i = 0; i < words.length; ++i) {
             words[i] = words[i].replace('~', ' ');
         }
@@ -64,23 +63,19 @@ public class CommandsTest {
 
     @Test
     public void wrongCommandLinesGiveOneLine() {
-        String[] commands = {"show bogus", "config", "config get LogTarget", "config get LogTarget a b",
-            "config create LogTarget main host=a port", "config create LogTarget main {",
-            "config set LogTarget main {\"a\":[1}", "config validate LogTarget {\"a\":1}2",
-            "config validate LogTarget {\"a\":1,\"a\":2}", "config xml",
-            "config validate LogTarget " + "[".repeat(2000), "net", "net bogus", "net name a b",
-            "net connect localhost port", "net ping", "net set eth0 mtu", "net set eth0", "net vip", "net vip add eth0",
-            "net hosts set 10.0.0.1", "net hwaddr set eth0", "users", "users add", "users add bob",
-            "users add bob " + SECRET, "users ad bob " + SECRET, "users add bob --password=" + SECRET,
-            "users login bob " + SECRET, "users key add bob", "capture start eth0",
-            "capture start eth0 file --max-bytes many", "capture info", "firmware upgrade", "firmware reflash " + IMAGE,
-            "services test start database often", "services snmp", "device reset", "device reboot", "device shutdown",
-            "device led maybe", "call NodeName.setNodeName", "call NodeName.bogus", "call Bogus", "call .",
-            "call NodeName.getNodeName a", "call UserUtils.addUser bob " + SECRET,
-            "call ProcessManagerUtils.setPlatformLogLevel LOUD", "call ApplianceUtils.tcpConnect localhost 99999999999",
-            "call HardwareStatusUtils.setLocateLED maybe", "call ApplianceUtils.deviceRESET -1",
-            "call ApplianceUtils.deviceRESET 1", "call Value.asXML {", "run /nowhere", "run / --bogus",
-            "completion bogus"};
+        String[] commands = {"", "chekc", "check --bogus", "check --bridge /", "check --platform /nowhere --json",
+            "show bogus", "config", "config get LogTarget a b", "config create LogTarget main host=a port",
+            "config create LogTarget main {", "config set LogTarget main {\"a\":[1}",
+            "config validate LogTarget {\"a\":1}2", "config validate LogTarget {\"a\":1,\"a\":2}",
+            "config validate LogTarget " + "[".repeat(2000), "net connect localhost port", "net set eth0",
+            "users add bob " + SECRET, "users ad bob " + SECRET,
+            "users add bob --password=" + SECRET, "capture start eth0 file --max-bytes many",
+            "firmware reflash " + IMAGE, "device reset", "device reboot", "device shutdown", "device led maybe",
+            "call NodeName.setNodeName", "call NodeName.bogus", "call Bogus", "call .", "call NodeName.getNodeName a",
+            "call UserUtils.addUser bob " + SECRET, "call ProcessManagerUtils.setPlatformLogLevel LOUD",
+            "call ApplianceUtils.tcpConnect localhost 99999999999", "call HardwareStatusUtils.setLocateLED maybe",
+            "call ApplianceUtils.deviceRESET -1", "call ApplianceUtils.deviceRESET 1", "call Value.asXML {",
+            "run /nowhere", "completion bogus"};
         for (String command : commands) {
             assertFails(command, ExitCode.USAGE);
             assertEquals(command, "", out.toString());
@@ -89,13 +84,12 @@ public class CommandsTest {
 
     @Test
     public void refusalsGiveOneLine() {
-        String[] commands = {"net name not~a~host", "net dns bogus", "net interface eth9", "net status eth9", "net set eth0 mtu=1",
+        String[] commands = {"net name not~a~host", "net dns bogus", "net interface eth9", "net status eth9",
             "net set eth9 mtu=1500", "net clear eth9", "net vip add eth9 10.0.9.1", "net vip remove lo 10.0.9.1",
             "net hwaddr set lo 02:00:00:00:00:01", "net hosts set bogus name", "net hosts delete 10.9.9.9",
             "net resolve nowhere.invalid", "net ping nowhere.invalid", "net connect localhost 1",
-            "config get Bogus main", "config get LogTarget bogus", "config set EthernetInterface eth0 mtu=1",
-            "config create EthernetInterface eth0 address=10.0.0.1", "config delete LogTarget bogus",
-            "config validate LogTarget port=1", "config list Bogus", "config enable LogTarget bogus",
+            "config get Bogus main", "config create EthernetInterface eth0 address=10.0.0.1",
+            "config delete LogTarget bogus", "config list Bogus", "config enable LogTarget bogus",
             "users delete nobody", "users key delete admin", "users key add admin bogus key", "capture start eth9 file",
             "capture start eth0 file --max-seconds -1", "capture stop eth0", "capture remove eth0", "firmware rollback",
             "firmware delete-previous", "firmware reflash bogus --yes", "services test start bogus 5",
@@ -105,46 +99,53 @@ public class CommandsTest {
         for (String command : commands) {
             assertFails(command, ExitCode.REFUSED);
         }
+        String[] wrongFields = {"address EthernetInterface address=192.0.2.256", "address EthernetInterface mtu=1500",
+            "mtu EthernetInterface address=192.0.2.1 mtu=9001", "role UserGroup role=king",
+            "colour UserGroup colour=red",
+            "nameServers EthernetInterface address=192.0.2.1 nameServers=10.0.0.1", "host LogTarget port=1",
+            "interface LogTarget host=log interface=eth9", "host LogTarget {\"host\":null}"};
+        for (String fieldAndValue : wrongFields) {
+            String[] parts = fieldAndValue.split(" ", 2);
+            assertFails("config validate " + parts[1], ExitCode.REFUSED);
+            assertTrue(parts[1] + ": " + err, err.toString().contains(": " + parts[0] + ": "));
+        }
     }
 
     @Test
     public void jsonHasStableFields() {
-        Map<String, Set<String>> fields = new LinkedHashMap<>();
-        fields.put("show", Set.of("identity", "network", "sensors", "storage", "health", "configuration", "users", "captures",
-                "firmware"));
-        fields.put("show users", Set.of("users"));
-        fields.put("config list", Set.of("objects"));
-        fields.put("config types", Set.of("types"));
-        fields.put("config get EthernetInterface eth0", Set.of("type", "parent", "name", "adminState", "opState", "value"));
-        fields.put("config xml EthernetInterface eth0", Set.of("xml"));
-        fields.put("net name", Set.of("nodeName"));
-        fields.put("net dns", Set.of("nameServers"));
-        fields.put("net domains", Set.of("searchDomains"));
-        fields.put("net ntp", Set.of("timeServers"));
-        fields.put("net interfaces", Set.of("interfaces"));
-        fields.put("net status agg0", Set.of("name", "kind", "enabled", "up", "details"));
-        fields.put("net hosts list", Set.of("hosts"));
-        fields.put("net ready", Set.of("networkReady"));
-        fields.put("net resolve localhost", Set.of("address"));
-        fields.put("users list", Set.of("users"));
-        fields.put("capture list", Set.of("captures"));
-        fields.put("capture info eth0", Set.of("interfaceName", "state", "files"));
-        fields.put("firmware info", Set.of("releaseKeyed", "components"));
-        fields.put("services ready", Set.of("services"));
-        fields.put("device timezone", Set.of("timeZone", "timeZones"));
-        fields.put("device locale", Set.of("locale"));
-        for (String change : List.of("net clear eth1", "net sync ntp", "services snmp restart", "services test perform network",
-                "capture start eth0 file", "device led on", "device reboot --yes", "firmware reflash " + IMAGE + " --yes")) {
-            fields.put(change, Set.of("done"));
+        String[] commands = {
+            "show = identity network sensors storage health configuration users captures firmware",
+            "config list = objects", "config types = types", "config xml EthernetInterface eth0 = xml",
+            "config get EthernetInterface eth0 = type parent name adminState opState value", "net name = nodeName",
+            "net dns = nameServers", "net domains = searchDomains", "net ntp = timeServers",
+            "net interfaces = interfaces", "net status agg0 = name kind enabled up details", "net hosts list = hosts",
+            "net ready = networkReady", "net resolve localhost = address", "users list = users",
+            "capture list = captures", "capture info eth0 = interfaceName state files",
+            "firmware info = releaseKeyed components",
+            "services ready = services", "device timezone = timeZone timeZones", "device locale = locale",
+            "net clear eth1 = done", "net sync ntp = done", "services snmp restart = done",
+            "services test perform network = done", "capture start eth0 file = done", "device led on = done",
+            "device reboot --yes = done", "firmware reflash " + IMAGE + " --yes = done"};
+        for (String command : commands) {
+            String[] parts = command.split(" = ");
+            assertEquals(command, Set.of(parts[1].split(" ")), json(parts[0]).keySet());
         }
-        fields.forEach((command, names) -> assertEquals(command, names, json(command).keySet()));
-
         Fields show = json("show");
         assertEquals("TV0042", ((Fields) show.get("identity")).get("serialNumber"));
         Fields fan = (Fields) ((List<?>) ((Fields) show.get("sensors")).get("fans")).get(2);
         assertEquals("false", fan.get("ok"));
-        assertEquals(Set.of("name", "reading", "ok", "minimum", "maximum", "lowerWarning", "upperWarning", "lowerCritical",
-                "upperCritical"), fan.keySet());
+        assertEquals(Set.of("name", "reading", "ok", "minimum", "maximum", "lowerWarning", "upperWarning",
+                "lowerCritical", "upperCritical"), fan.keySet());
+
+        String otherJar = System.getProperty("talvern.build") + "/asm.jar";
+        assertEquals(ExitCode.MISMATCH, run("check --jar " + otherJar));
+        assertTrue(out.toString().contains("\njar  class          com.kvo.talvern.TalvernException "));
+        assertEquals(ExitCode.MISMATCH, run("check --json --jar " + otherJar));
+        Fields check = (Fields) Json.read(out.toString());
+        assertEquals(Set.of("fits", "jars", "bridge", "platforms", "natives", "members", "operations", "findings"),
+                check.keySet());
+        assertEquals(Set.of("party", "kind", "name", "symbol", "problem"),
+                ((Fields) ((List<?>) check.get("findings")).get(0)).keySet());
     }
 
     @Test
@@ -156,7 +157,16 @@ public class CommandsTest {
         assertEquals("9000", json("net interface eth0").get("mtu"));
         json("net vip add lo 10.0.9.1");
         assertTrue(json("net status lo").get("details").toString().contains("10.0.9.1"));
-
+        try (ServerSocket open = new ServerSocket(0)) {
+            json("net connect localhost " + open.getLocalPort());
+            assertFails("net connect localhost " + (65536 + open.getLocalPort()), ExitCode.REFUSED);
+        }
+        json("capture start eth0 first");
+        assertFails("capture start eth0 other", ExitCode.REFUSED);
+        assertFails("capture remove eth0", ExitCode.REFUSED);
+        json("capture stop eth0");
+        json("capture start eth0 second");
+        assertEquals(List.of("first", "second"), json("capture info eth0").get("files"));
         json("config create LogTarget main host=log.example --disabled");
         json("config set LogTarget main {\"port\":514}");
         Fields target = json("config get LogTarget main");
@@ -178,22 +188,16 @@ public class CommandsTest {
 
     @Test
     public void passwordsComeFromTheInputAndAreNeverShown() {
+        String[] commands = {"0 users add bob", "0 users login bob", "1 users add bob --json", "1 users login nobody",
+            "0 users password bob --json", "1 users password nobody", "0 call UserUtils.authenticateUser bob",
+            "0 call --json UserUtils.changePassword bob", "0 show users"};
         StringBuilder seen = new StringBuilder();
-        Map<String, Integer> commands = new LinkedHashMap<>();
-        commands.put("users add bob", ExitCode.DONE);
-        commands.put("users login bob", ExitCode.DONE);
-        commands.put("users add bob --json", ExitCode.REFUSED);
-        commands.put("users login nobody", ExitCode.REFUSED);
-        commands.put("users password bob --json", ExitCode.DONE);
-        commands.put("users password nobody", ExitCode.REFUSED);
-        commands.put("call UserUtils.authenticateUser bob", ExitCode.DONE);
-        commands.put("call --json UserUtils.changePassword bob", ExitCode.DONE);
-        commands.put("show users", ExitCode.DONE);
-        type((SECRET + "\n").repeat(commands.size()));
-        commands.forEach((command, exitCode) -> {
-            assertEquals(command + err, (int) exitCode, run(command));
+        type((SECRET + "\n").repeat(commands.length));
+        for (String command : commands) {
+            int exitCode = run(command.substring(2));
+            assertEquals(command + err, command.charAt(0) - '0', exitCode);
             seen.append(out).append(err);
-        });
+        }
         assertFalse(seen.toString(), seen.toString().contains(SECRET));
     }
 
@@ -207,7 +211,7 @@ public class CommandsTest {
             if (method.getDeclaringClass().getSimpleName().equals("Value")) {
                 words.add("a=b");
             }
-            for (java.lang.reflect.Parameter parameter : method.getParameters()) {
+            for (Parameter parameter : method.getParameters()) {
                 if (!parameter.getName().toLowerCase().endsWith("password")) {
                     words.add(argument(parameter.getType()));
                 }
@@ -265,30 +269,5 @@ public class CommandsTest {
         type("net name rack-12\nusers add eve\n" + SECRET + "\nusers login eve\n" + SECRET);
         assertEquals(ExitCode.DONE, run("run"));
         assertEquals("rack-12\nDone.\nDone.\n", out.toString());
-    }
-
-    @Test
-    public void progressIsABarOnATerminalOnly() throws Exception {
-        Output output = new Output(new PrintWriter(out), Terminal.colors(), false);
-        for (int width : new int[] {0, 30, 80}) {
-            out.getBuffer().setLength(0);
-            if (width > 0) {
-                System.setProperty(Terminal.COLUMNS, String.valueOf(width));
-            }
-            Progress progress = new Progress(output);
-            progress.progress(0, 0, UpgradeCode.VERIFYING);
-            progress.progress(5, 10, UpgradeCode.VERIFYING);
-            progress.progress(Integer.MAX_VALUE, Integer.MAX_VALUE, UpgradeCode.FINISHED);
-            progress.awaitEnd();
-            output.flush();
-            System.clearProperty(Terminal.COLUMNS);
-            if (width == 0) {
-                assertEquals("  0 %  verifying\n100 %  finished\n", out.toString());
-            } else {
-                String[] bars = out.toString().split("\r");
-                assertTrue(bars[2], bars[2].length() < width && bars[2].contains("#."));
-                assertTrue(bars[3], bars[3].length() < width + 1 && bars[3].contains("##]"));
-            }
-        }
     }
 }

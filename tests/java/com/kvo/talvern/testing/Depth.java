@@ -1,10 +1,8 @@
 package com.kvo.talvern.testing;
 
 import com.kvo.talvern.TalvernException;
-import com.kvo.talvern.config.ArrayValue;
+import com.kvo.talvern.config.AdminState;
 import com.kvo.talvern.config.ServiceUtils;
-import com.kvo.talvern.config.SimpleValue;
-import com.kvo.talvern.config.StructValue;
 import com.kvo.talvern.config.Value;
 import java.util.concurrent.Callable;
 
@@ -20,7 +18,7 @@ public final class Depth {
         StringBuilder surprises = new StringBuilder();
         ServiceUtils service = new ServiceUtils();
         for (int levels : LEVELS) {
-            Value tree = tree(levels);
+            Value tree = Values.nested(levels);
             for (int stack : STACK_KIB) {
                 String where = levels + " levels, " + stack + " KiB";
                 surprises.append(outcome(where + ", as XML", stack, levels, tree::asXML));
@@ -33,21 +31,18 @@ public final class Depth {
         return surprises.toString();
     }
 
-    /** Structures and lists in turn, with a text at the end. */
-    private static Value tree(int levels) {
-        Value tree = new SimpleValue("end", false);
-        for (int level = 1; level < levels; level++) {
-            if (level % 2 == 0) {
-                StructValue parent = new StructValue(true);
-                parent.put("key", tree);
-                tree = parent;
-            } else {
-                ArrayValue parent = new ArrayValue(true);
-                parent.add(tree);
-                tree = parent;
+    /** The same with the simulated appliance: the deepest tree must come back, a deeper one must not arrive. */
+    public static String surprisesOfTheAppliance() throws InterruptedException {
+        ServiceUtils service = new ServiceUtils();
+        return outcome("there and back", STACK_KIB[0], 1000, () -> {
+            Value tree = Values.nested(1000);
+            service.createObject("ApplicationData", "", "deep", tree, AdminState.ENABLED, true);
+            if (!service.queryObject("ApplicationData", "", "deep").asXML().equals(tree.asXML())) {
+                throw new AssertionError("another tree came back");
             }
-        }
-        return tree;
+            return service.deleteObject("ApplicationData", "", "deep");
+        }) + outcome("a deeper one", STACK_KIB[0], 1001,
+                () -> service.validateObject("ApplicationData", Values.nested(1001)));
     }
 
     private static String outcome(String what, int stackKib, int levels, Callable<?> call)

@@ -2,6 +2,7 @@ package com.kvo.talvern.testing;
 
 import java.io.File;
 import java.io.IOException;
+import java.lang.invoke.MethodType;
 import java.lang.reflect.Method;
 import java.lang.reflect.Modifier;
 import java.util.ArrayList;
@@ -28,28 +29,13 @@ public final class Natives {
                     if (Modifier.isNative(method.getModifiers())) {
                         natives.add(name);
                         natives.add(method.getName());
-                        natives.add(signature(method));
+                        natives.add(MethodType.methodType(method.getReturnType(), method.getParameterTypes())
+                                .toMethodDescriptorString());
                     }
                 }
             }
         }
         return natives.toArray(new String[0]);
-    }
-
-    private static String signature(Method method) {
-        StringBuilder signature = new StringBuilder("(");
-        for (Class<?> parameter : method.getParameterTypes()) {
-            signature.append(descriptor(parameter));
-        }
-        return signature.append(')').append(descriptor(method.getReturnType())).toString();
-    }
-
-    private static String descriptor(Class<?> type) {
-        if (type == void.class) {
-            return "V";
-        }
-        String name = java.lang.reflect.Array.newInstance(type, 0).getClass().getName();
-        return name.substring(1).replace('.', '/');
     }
 
     /** The object as text; arrays with their elements. */

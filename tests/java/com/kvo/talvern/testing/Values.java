@@ -4,26 +4,28 @@ import com.kvo.talvern.config.ArrayValue;
 import com.kvo.talvern.config.SimpleValue;
 import com.kvo.talvern.config.StructValue;
 import com.kvo.talvern.config.Value;
-import java.io.ByteArrayOutputStream;
-import java.io.DataOutputStream;
-import java.io.IOException;
 import java.util.AbstractMap;
 import java.util.AbstractSet;
 import java.util.ArrayList;
-import java.util.Arrays;
 import java.util.Collections;
+import java.util.Comparator;
 import java.util.Iterator;
 import java.util.List;
 import java.util.Map;
 import java.util.NoSuchElementException;
+import java.util.Objects;
 import java.util.Random;
 import java.util.Set;
 import java.util.TreeMap;
+import java.util.function.Supplier;
 
 /** Configuration values: random, deep, large, and such as the bridge must withstand. */
 public final class Values {
     private static final String[] TEXTS = {"", "a", "b", "ab", "A", "\0", "ä", "ß\n", "€uro", "\uD83D\uDE00",
         "a rather long text that no short string can hold"};
+
+    /** The order of the keys' bytes, in which a zero stands behind all of ASCII. */
+    private static final Comparator<String> AS_BYTES = Comparator.comparing(text -> text.replace('\0', '\u007f'));
 
     private Values() {}
 
@@ -51,7 +53,7 @@ public final class Values {
                 return new Value[] {array, sameArray};
             default:
                 List<Map.Entry<String, Value>> entries = new ArrayList<>();
-                Map<String, Value> sorted = new TreeMap<>(Values::compareBytes);
+                Map<String, Value> sorted = new TreeMap<>(AS_BYTES);
                 for (int size = random.nextInt(6); size > 0; size--) {
                     String key = text(random);
                     Value[] member = random(random, levels - 1);
@@ -60,26 +62,12 @@ public final class Values {
                 }
                 StructValue sameStruct = new StructValue(mu);
                 sorted.forEach(sameStruct::put);
-                return new Value[] {new Entries(mu, entries.iterator()), sameStruct};
+                return new Value[] {new Entries(mu, setOf(entries.iterator())), sameStruct};
         }
     }
 
     private static String text(Random random) {
         return TEXTS[random.nextInt(TEXTS.length)] + TEXTS[random.nextInt(2)];
-    }
-
-    private static int compareBytes(String left, String right) {
-        return Arrays.compareUnsigned(modifiedUtf8(left), modifiedUtf8(right));
-    }
-
-    private static byte[] modifiedUtf8(String text) {
-        ByteArrayOutputStream bytes = new ByteArrayOutputStream();
-        try {
-            new DataOutputStream(bytes).writeUTF(text);
-        } catch (IOException e) {
-            throw new AssertionError(e);
-        }
-        return Arrays.copyOfRange(bytes.toByteArray(), 2, bytes.size());
     }
 
     /** A text below `levels - 1` structures and lists. */
@@ -123,10 +111,10 @@ public final class Values {
 
     /** Whether both values are equal. */
     public static boolean areEqual(Value left, Value right) {
-        return left == null ? right == null : left.equals(right);
+        return Objects.equals(left, right);
     }
 
-    /** A member of a structure that is not as it should be. */
+    /** A structure with a member that is not as it should be. */
     public static Value faulty(String fault) {
         StructValue value = new StructValue(false);
         value.put("first", new SimpleValue("good", false));
@@ -136,117 +124,113 @@ public final class Values {
     }
 
     @SuppressWarnings({"unchecked", "rawtypes"})
-    private static Set<Map.Entry<String, Value>> withNumberAsKey() {
-        return (Set) Collections.singletonMap(7, null).entrySet();
-    }
-
     private static Value member(String fault) {
         switch (fault) {
             case "unknown kind":
                 return new Value(true) {};
             case "null text":
-                return new SimpleValue("", false) {
-                    @Override
-                    public String getValue() {
-                        return null;
-                    }
-                };
+                return new Text(() -> null, () -> true);
             case "throwing text":
-                return new SimpleValue("", false) {
-                    @Override
-                    public String getValue() {
-                        throw new IllegalStateException("getValue");
-                    }
-                };
+                return new Text(() -> fail("getValue"), () -> true);
             case "throwing flag":
-                return new SimpleValue("text", true) {
-                    @Override
-                    public boolean getMU() {
-                        throw new IllegalStateException("getMU");
-                    }
-                };
+                return new Text(() -> "text", () -> fail("getMU"));
             case "null iterator":
-                return new Elements(null);
+                return new Elements(() -> null);
             case "throwing iterator":
-                return new ArrayValue(false) {
-                    @Override
-                    public Iterator<Value> iterator() {
-                        throw new IllegalStateException("iterator");
-                    }
-                };
+                return new Elements(() -> fail("iterator"));
             case "throwing next":
-                return new Elements(new Endless());
+                return new Elements(() -> (Endless) () -> fail("next"));
             case "null entry set":
-                return new StructValue(false) {
-                    @Override
-                    public Set<Map.Entry<String, Value>> entrySet() {
-                        return null;
-                    }
-                };
-            case "null set iterator":
                 return new Entries(false, null);
+            case "null set iterator":
+                return new Entries(false, setOf(null));
             case "null entry":
-                return new Entries(false, Collections.<Map.Entry<String, Value>>singletonList(null).iterator());
+                return new Entries(false, Collections.singleton(null));
             case "null key":
-                return new Entries(false, Collections.<Map.Entry<String, Value>>singletonList(
-                        new AbstractMap.SimpleEntry<>(null, null)).iterator());
+                return new Entries(false, Collections.<String, Value>singletonMap(null, null).entrySet());
             case "number as key":
-                return new Entries(false, withNumberAsKey().iterator());
+                return new Entries(false, (Set) Collections.singletonMap(7, null).entrySet());
             default:
                 throw new NoSuchElementException(fault);
         }
     }
 
-    /** A structure whose entries come from an iterator. */
-    private static final class Entries extends StructValue {
-        private final Iterator<Map.Entry<String, Value>> iterator;
+    private static <T> T fail(String method) {
+        throw new IllegalStateException(method);
+    }
 
-        Entries(boolean mu, Iterator<Map.Entry<String, Value>> iterator) {
-            super(mu);
-            this.iterator = iterator;
+    /** A text whose parts are asked for. */
+    private static final class Text extends SimpleValue {
+        private final Supplier<String> text;
+        private final Supplier<Boolean> flag;
+
+        Text(Supplier<String> text, Supplier<Boolean> flag) {
+            super("", false);
+            this.text = text;
+            this.flag = flag;
         }
 
         @Override
-        public Set<Map.Entry<String, Value>> entrySet() {
-            return new AbstractSet<Map.Entry<String, Value>>() {
-                @Override
-                public Iterator<Map.Entry<String, Value>> iterator() {
-                    return iterator;
-                }
+        public String getValue() {
+            return text.get();
+        }
 
-                @Override
-                public int size() {
-                    return 0;
-                }
-            };
+        @Override
+        public boolean getMU() {
+            return flag.get();
         }
     }
 
-    /** A list whose elements come from an iterator. */
+    /** A list whose iterator is asked for. */
     private static final class Elements extends ArrayValue {
-        private final Iterator<Value> iterator;
+        private final Supplier<Iterator<Value>> iterator;
 
-        Elements(Iterator<Value> iterator) {
+        Elements(Supplier<Iterator<Value>> iterator) {
             super(false);
             this.iterator = iterator;
         }
 
         @Override
         public Iterator<Value> iterator() {
-            return iterator;
+            return iterator.get();
         }
     }
 
-    /** Always promises one more and never gives it. */
-    private static final class Endless implements Iterator<Value> {
+    /** Always promises one more. */
+    private interface Endless extends Iterator<Value> {
         @Override
-        public boolean hasNext() {
+        default boolean hasNext() {
             return true;
+        }
+    }
+
+    /** A structure with these entries. */
+    private static final class Entries extends StructValue {
+        private final Set<Map.Entry<String, Value>> entries;
+
+        Entries(boolean mu, Set<Map.Entry<String, Value>> entries) {
+            super(mu);
+            this.entries = entries;
         }
 
         @Override
-        public Value next() {
-            throw new IllegalStateException("next");
+        public Set<Map.Entry<String, Value>> entrySet() {
+            return entries;
         }
+    }
+
+    /** A set of what the iterator gives, once, even repeatedly. */
+    private static <T> Set<T> setOf(Iterator<T> iterator) {
+        return new AbstractSet<T>() {
+            @Override
+            public Iterator<T> iterator() {
+                return iterator;
+            }
+
+            @Override
+            public int size() {
+                return 0;
+            }
+        };
     }
 }

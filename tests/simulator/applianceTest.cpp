@@ -1,0 +1,81 @@
+#include <gmock/gmock.h>
+#include <thread>
+
+#include "platform/applianceUtils.h"
+#include "platform/firmwareManagerUtils.h"
+#include "platform/nodeName.h"
+#include "platform/servicesUtils.h"
+#include "platform/statusUtils.h"
+
+using namespace talvern;
+using namespace talvern::applianceUtils;
+
+namespace {
+
+TEST(Appliance, SetsTheClockUnlessTheTimeIsOutOfRange) {
+    std::int32_t error = 0;
+    EXPECT_TRUE(setDateTime(86400 + 3600, error));
+    for (const std::int64_t time : {std::int64_t{-1}, std::int64_t{INT64_MAX}}) {
+        EXPECT_FALSE(setDateTime(time, error));
+        EXPECT_EQ(error, EINVAL);
+    }
+    EXPECT_EQ(getDateTime().at(0) + getDateTime().at(1).substr(0, 2), "1970-01-0201");
+    EXPECT_TRUE(syncNTPServer("ntp"));
+    EXPECT_GT(getDateTime().at(0), "2020");
+}
+
+TEST(Appliance, ResetBringsEverythingBackAndReportsTwoFiles) {
+    EXPECT_TRUE(setTimezone("Asia/Tokyo"));
+    EXPECT_TRUE(setLocale("de_DE", "euro"));
+    EXPECT_EQ(resetHostSSHKeys(), 0);
+    EXPECT_EQ(nodeName::set("rack-7"), 0);
+    EXPECT_EQ(statusUtils::clearIntrusionStatus(), 0);
+    EXPECT_EQ(getTimezone() + getLocale() + nodeName::get(), "Asia/Tokyode_DE@eurorack-7");
+    EXPECT_TRUE(areHostSSHKeysStrong());
+    EXPECT_EQ(statusUtils::getIntrusionStatus(), 0);
+
+    std::vector<resetFileError> errors;
+    EXPECT_EQ(deviceRESET(errors), 1);
+    EXPECT_EQ(errors.size(), 2);
+    EXPECT_EQ(getTimezone() + getLocale() + nodeName::get(), "UTCen_UStalvern");
+    EXPECT_FALSE(areHostSSHKeysStrong());
+    EXPECT_EQ(statusUtils::getIntrusionStatus(), 1);
+}
+
+TEST(Appliance, KeepsTheDisksOfAThreadUntilItAsksAgain) {
+    std::vector<statusUtils::DiskSnapShot*> mine;
+    ASSERT_TRUE(statusUtils::getRaidPhysDiskStatus(mine));
+    mine.at(0)->bay = 99;
+    std::thread{[] {
+        std::vector<statusUtils::DiskSnapShot*> others;
+        statusUtils::getRaidPhysDiskStatus(others);
+        EXPECT_EQ(others.at(0)->bay, 0);
+    }}.join();
+    EXPECT_EQ(mine[0]->bay, 99);
+}
+
+TEST(Appliance, UpgradesOnceAtATimeAndGoesBack) {
+    using namespace firmwareManagerUtils;
+    constexpr int busy = 5;
+    EXPECT_NE(upgrade("talvern-2.2-beta.img", false, true, nullptr), 0);
+    EXPECT_EQ(upgrade("talvern-2.2-beta.img", true, true, nullptr), 0);
+    EXPECT_EQ(upgrade("talvern-2.1.img", true, true, nullptr), busy);
+    int status = busy;
+    for (; status == busy; status = rollback()) std::this_thread::sleep_for(std::chrono::milliseconds{10});
+    EXPECT_EQ(status, 0);
+    EXPECT_TRUE(isReleaseKeyed());
+    EXPECT_NE(rollback(), 0);
+    EXPECT_EQ(reflash("talvern-2.2-beta.img"), 0);
+    EXPECT_FALSE(isReleaseKeyed());
+}
+
+TEST(Appliance, KnowsAServiceTestByItsNameWhoseCharactersAreNotKept) {
+    char name[] = "storage";
+    EXPECT_EQ(servicesUtils::startTest(name, 60), 0);
+    name[0] = 'X';
+    EXPECT_EQ(servicesUtils::startTest("storage", 60), 3);
+    EXPECT_EQ(servicesUtils::stopTest("storage"), 0);
+    EXPECT_EQ(servicesUtils::stopTest("storage"), 2);
+}
+
+}  // namespace
