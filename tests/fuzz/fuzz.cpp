@@ -6,10 +6,8 @@
 #include <iostream>
 
 #include "config/value.h"
-#include "mocks/configService.h"
-#include "mocks/ethernetInterfaces.h"
-#include "mocks/mock.h"
-#include "mocks/nodeName.h"
+#include "mocks/config.h"
+#include "mocks/network.h"
 #include "support/jvm.h"
 #include "support/natives.h"
 
@@ -38,11 +36,6 @@ jstring anyText(FuzzedDataProvider& data) {
     std::u16string text;
     for (std::size_t i = 0; i < length; ++i) text.push_back(data.ConsumeIntegral<char16_t>());
     return env->NewString(reinterpret_cast<const jchar*>(text.data()), static_cast<jsize>(text.size()));
-}
-
-jobject newObject(const char* className, const char* signature, auto... arguments) {
-    jclass javaClass = env->FindClass(className);
-    return env->NewObject(javaClass, env->GetMethodID(javaClass, "<init>", signature), arguments...);
 }
 
 jobject anyTree(FuzzedDataProvider& data, int levels) {
@@ -82,16 +75,14 @@ void text(FuzzedDataProvider& data) {
         .WillByDefault(testing::DoAll(testing::SaveArg<0>(&name), testing::Return(0)));
     ON_CALL(mock<NodeNameMock>(), get).WillByDefault([&] { return name; });
     jstring in = anyText(data);
-    require(invoke(bridgeNative("appliance/NodeName", "_setNodeName"), {object(in)}).exception.empty(),
-            "refused");
-    require(areEqual(in, invoke(bridgeNative("appliance/NodeName", "_getNodeName"), {}).result.l),
-            "another text");
+    require(invoke(bridgeNative("_setNodeName"), {object(in)}).exception.empty(), "refused");
+    require(areEqual(in, invoke(bridgeNative("_getNodeName"), {}).result.l), "another text");
 }
 
 void bytesOfThePlatform(FuzzedDataProvider& data) {
     const std::string bytes = data.ConsumeRandomLengthString();
     ON_CALL(mock<NodeNameMock>(), get).WillByDefault(testing::Return(bytes));
-    invoke(bridgeNative("appliance/NodeName", "_getNodeName"), {});
+    invoke(bridgeNative("_getNodeName"), {});
 }
 
 void tree(FuzzedDataProvider& data) {
@@ -112,10 +103,8 @@ void tree(FuzzedDataProvider& data) {
     const std::vector<jvalue> id{object(javaString("t")), object(javaString("p")), object(javaString("n"))};
     std::vector<jvalue> update = id;
     update.insert(update.end(), {object(in), merge});
-    require(invoke(bridgeNative("config/ServiceUtils", "_updateObject"), update).exception.empty(),
-            "refused");
-    require(areEqual(in, invoke(bridgeNative("config/ServiceUtils", "_queryObject"), id).result.l),
-            "another tree");
+    require(invoke(bridgeNative("_updateObject"), update).exception.empty(), "refused");
+    require(areEqual(in, invoke(bridgeNative("_queryObject"), id).result.l), "another tree");
 }
 
 void attributes(FuzzedDataProvider& data) {
@@ -140,10 +129,8 @@ void attributes(FuzzedDataProvider& data) {
         env->SetObjectArrayElement(values, i, value);
         env->CallObjectMethod(expected, put, key, value);
     }
-    const std::string javaClass = "appliance/EthernetInterfaces";
-    invoke(bridgeNative(javaClass, "_setEthernetInterface"), {object(keys), object(values)});
-    const Outcome outcome =
-        invoke(bridgeNative(javaClass, "_getEthernetInterface"), {object(javaString("eth0"))});
+    invoke(bridgeNative("_setEthernetInterface"), {object(keys), object(values)});
+    const Outcome outcome = invoke(bridgeNative("_getEthernetInterface"), {object(javaString("eth0"))});
     require(areEqual(expected, outcome.result.l), "other attributes");
 }
 

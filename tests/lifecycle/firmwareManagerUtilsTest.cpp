@@ -1,20 +1,20 @@
-#include <algorithm>
 #include <climits>
 #include <dlfcn.h>
 #include <functional>
 #include <semaphore>
-#include <stdexcept>
 #include <thread>
 #include <unistd.h>
 
-#include "mocks/firmwareManagerUtils.h"
+#include "mocks/lifecycle.h"
 #include "support/bridgeTest.h"
 
 using talvern::firmwareManagerUtils::UpgradeCallback;
+using testing::DoAll;
 using testing::ElementsAre;
 using testing::ExitedWithCode;
 using testing::IsEmpty;
 using testing::Return;
+using testing::SaveArg;
 using testing::Throw;
 
 namespace {
@@ -28,7 +28,6 @@ extern "C" unsigned sleep(unsigned seconds) { return onSleep ? onSleep(seconds) 
 
 namespace {
 
-constexpr auto javaClass = "firmwaremanager/FirmwareManagerUtils";
 constexpr auto callbackInterface = "com/kvo/talvern/firmwaremanager/FirmwareManagerUtils$UpgradeCallback";
 constexpr auto codeClass = "com/kvo/talvern/firmwaremanager/UpgradeCode";
 
@@ -50,11 +49,7 @@ class FirmwareTest : public BridgeTest {
     FirmwareTest() {
         forget();
         onSleep = nullptr;
-        ON_CALL(mock<FirmwareManagerMock>(), upgrade)
-            .WillByDefault([&](const std::string&, bool, bool, UpgradeCallback* callback) {
-                received = callback;
-                return 0;
-            });
+        ON_CALL(firmware, upgrade).WillByDefault(DoAll(SaveArg<3>(&received), Return(0)));
     }
 
     /// Brings the bridge back to what it was when it was loaded.
@@ -67,32 +62,27 @@ class FirmwareTest : public BridgeTest {
     }
 
     jint upgrade(jobject callback) {
-        jstring image = javaString("image");
-        return call(javaClass, "_upgradeFirmware", image, JNI_TRUE, JNI_FALSE, callback).result.i;
+        return call("_upgradeFirmware", "image", true, false, callback).result.i;
     }
 
     void report(int done, FwUpgradeCode code = FwUpgradeCode::verifying) {
         received->progress(done, 2, code);
     }
 
-    jobject newCallback(const std::string& kind = "") {
-        jclass found = env->FindClass(("com/kvo/talvern/testing/RecordingCallback" + kind).c_str());
-        return env->NewObject(found, env->GetMethodID(found, "<init>", "()V"));
+    static jobject newCallback(const std::string& kind = "") {
+        return newObject("com/kvo/talvern/testing/RecordingCallback" + kind);
     }
 
     /// What the bridge has done about references and the JVM since the last call.
-    std::vector<std::string> stateCalls() {
-        std::vector<std::string> names;
-        for (const JniTable::Call& made : table.calls()) {
-            const std::string name{made.function};
-            if (name == "GetJavaVM" || name.ends_with("GlobalRef")) names.push_back(name);
-        }
+    Texts stateCalls() {
+        const Texts names = callsOf({"GetJavaVM", "NewGlobalRef", "DeleteGlobalRef"});
         table.restart();
         return names;
     }
 
     bool isRegistered(jobject callback) { return env->IsSameObject(registered, callback) == JNI_TRUE; }
 
+    FirmwareManagerMock& firmware = mock<FirmwareManagerMock>();
     JavaVM*& vm = bridgeVariable<JavaVM*>("g_vm");
     jobject& registered = bridgeVariable<jobject>("sJCallback");
     UpgradeCallback*& native = bridgeVariable<UpgradeCallback*>("sFwCallback");
@@ -100,25 +90,22 @@ class FirmwareTest : public BridgeTest {
 };
 
 TEST_F(FirmwareTest, PassesTheAnswersOfTheSimpleOperationsOn) {
-    FirmwareManagerMock& platform = mock<FirmwareManagerMock>();
-    for (const auto& [answer, rollbackResult] : {std::pair{0, 0}, {1, 1}, {5, 1}, {-1, 1}}) {
-        EXPECT_CALL(platform, rollback).WillOnce(Return(answer));
-        EXPECT_CALL(platform, deletePrevious).WillOnce(Return(answer));
-        EXPECT_CALL(platform, reflash("image")).WillOnce(Return(answer));
-        EXPECT_EQ(call(javaClass, "_rollbackFirmware").result.i, rollbackResult);
-        EXPECT_EQ(call(javaClass, "_deletePreviousFirmware").result.i, answer);
-        EXPECT_EQ(call(javaClass, "_reflashFirmware", javaString("image")).result.i, answer);
-    }
-    for (const bool answer : {true, false}) {
-        EXPECT_CALL(platform, isReleaseKeyed).WillOnce(Return(answer));
-        EXPECT_EQ(call(javaClass, "_isReleaseKeyed").resultText, answer ? "true" : "false");
+    for (const int answer : {0, 1, 5, -1}) {
+        EXPECT_CALL(firmware, rollback).WillOnce(Return(answer));
+        EXPECT_CALL(firmware, deletePrevious).WillOnce(Return(answer));
+        EXPECT_CALL(firmware, reflash("image")).WillOnce(Return(answer));
+        EXPECT_CALL(firmware, isReleaseKeyed).WillOnce(Return(answer == 0));
+        EXPECT_EQ(call("_rollbackFirmware").result.i, answer == 0 ? 0 : 1);
+        EXPECT_EQ(call("_deletePreviousFirmware").result.i, answer);
+        EXPECT_EQ(call("_reflashFirmware", "image").result.i, answer);
+        EXPECT_EQ(call("_isReleaseKeyed").result.z, answer == 0);
     }
 }
 
 TEST_F(FirmwareTest, TakesAnyByteButZeroForATrueFlag) {
     for (const auto& [first, second] : {std::pair<jboolean, jboolean>{0, 1}, {2, 0}, {0, 128}}) {
-        EXPECT_CALL(mock<FirmwareManagerMock>(), upgrade("image", first != 0, second != 0, nullptr));
-        call(javaClass, "_upgradeFirmware", javaString("image"), first, second, jobject{});
+        EXPECT_CALL(firmware, upgrade("image", first != 0, second != 0, nullptr));
+        call("_upgradeFirmware", "image", first, second, jobject{});
     }
 }
 
@@ -129,7 +116,7 @@ TEST_F(FirmwareTest, WaitsThreeSecondsAfterEveryAnswerButNotAfterAnException) {
         slept.push_back(seconds);
         return slept.size() == 1 ? 2U : 0U;  // the first time, a signal wakes the thread
     };
-    EXPECT_CALL(mock<FirmwareManagerMock>(), upgrade)
+    EXPECT_CALL(firmware, upgrade)
         .WillOnce(Return(0))
         .WillOnce(Return(7))
         .WillOnce(Throw(std::runtime_error{"planted"}));
@@ -221,10 +208,8 @@ TEST_F(FirmwareTest, LetsACallbackStartAnotherUpgrade) {
 }
 
 TEST_F(FirmwareTest, FindsTheClassesThatOnlyTheCallbackKnows) {
-    jclass recording = env->FindClass("com/kvo/talvern/testing/RecordingCallback");
-    jmethodID fromHiddenClasses =
-        env->GetStaticMethodID(recording, "fromHiddenClasses", "()Ljava/lang/Object;");
-    jobject hiddenCallback = env->CallStaticObjectMethod(recording, fromHiddenClasses);
+    jobject hiddenCallback =
+        callStatic("com/kvo/talvern/testing/RecordingCallback", "fromHiddenClasses", "()Ljava/lang/Object;");
     upgrade(hiddenCallback);
     for (const auto& [where, run] : bothKindsOfThread) run([&] { report(1); });
     EXPECT_EQ(describe(hiddenCallback), "[1/2 VERIFYING, 1/2 VERIFYING]");
@@ -280,17 +265,16 @@ TEST_F(FirmwareTest, DropsAReportWhenAnyCallFails) {
 
 TEST_F(FirmwareTest, RunsTwoUpgradesAtOnce) {
     constexpr int upgrades = 300;
-    ON_CALL(mock<FirmwareManagerMock>(), upgrade)
-        .WillByDefault([](const std::string&, bool, bool, UpgradeCallback* target) {
-            const auto progress = [&] { target->progress(1, 2, FwUpgradeCode::verifying); };
-            progress();
-            onPlatformThread(progress);
-            return 0;
-        });
+    ON_CALL(firmware, upgrade).WillByDefault([](const std::string&, bool, bool, UpgradeCallback* target) {
+        const auto progress = [&] { target->progress(1, 2, FwUpgradeCode::verifying); };
+        progress();
+        onPlatformThread(progress);
+        return 0;
+    });
     std::vector<jobject> callbacks{env->NewGlobalRef(newCallback()), env->NewGlobalRef(newCallback())};
     std::vector<std::thread> threads;
     for (jobject callback : callbacks) {
-        threads.emplace_back([callback, &method = bridgeNative(javaClass, "_upgradeFirmware")] {
+        threads.emplace_back([callback, &method = bridgeNative("_upgradeFirmware")] {
             javaEnv()->PushLocalFrame(10 * upgrades);
             const std::vector<jvalue> arguments{toJvalue(javaString("image")), {}, {}, toJvalue(callback)};
             for (int i = 0; i < upgrades; ++i) EXPECT_EQ(invoke(method, arguments).exception, "");
@@ -300,7 +284,7 @@ TEST_F(FirmwareTest, RunsTwoUpgradesAtOnce) {
     }
     for (std::thread& thread : threads) thread.join();
     const std::string reports = describe(callbacks[0]) + describe(callbacks[1]);
-    EXPECT_EQ(std::count(reports.begin(), reports.end(), '/'), 2 * 2 * upgrades);
+    EXPECT_EQ(std::ranges::count(reports, '/'), 2 * 2 * upgrades);
     for (jobject callback : callbacks) env->DeleteGlobalRef(callback);
 }
 
@@ -347,7 +331,7 @@ TEST_F(FirmwareTest, LeavesNothingBehind) {
     EXPECT_EQ(threadCount(), threadsBefore + 1);
     jclass systemClass = env->FindClass("java/lang/System");
     env->CallStaticVoidMethod(systemClass, env->GetStaticMethodID(systemClass, "gc", "()V"));
-    EXPECT_EQ(std::count_if(callbacks.begin(), callbacks.end(), isAlive), 1);
+    EXPECT_EQ(std::ranges::count_if(callbacks, isAlive), 1);
     EXPECT_TRUE(isAlive(callbacks.back())) << "the one that is registered";
 
     isOver = true;

@@ -26,6 +26,11 @@ void makeHostile(std::string& text, Hostility hostility) {
     if (hostility == Hostility::huge) text.assign(10'000'000, 'x');
 }
 
+Mocks::Mocks() {
+    testing::DefaultValue<std::string>::Set("text");
+    testing::DefaultValue<Texts>::Set({"one", "two"});
+}
+
 void* Mocks::find(const void* key, const std::function<std::shared_ptr<void>()>& create) {
     const std::lock_guard lock{mutex};
     auto& mock = all[key];

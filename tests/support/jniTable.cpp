@@ -85,35 +85,25 @@ void record(JNIEnv* env, const char* kind, jclass javaClass, const std::string& 
     recorded().insert(std::string{kind} + " " + name + member);
 }
 
-template <auto Slot>
+template <auto Slot, bool CanFail>
 struct Hook;
 
-/// One function of the table: passes the call on unless it is to fail.
+/// One function of the table: passes the call on unless it is to fail. Not all can: the JVM gives something
+/// back, answers a question or throws whatever else has failed.
 template <typename Result, typename... Arguments,
-          Result (JNICALL* JNINativeInterface_::*Slot)(JNIEnv*, Arguments...)>
-struct Hook<Slot> {
+          Result (JNICALL* JNINativeInterface_::*Slot)(JNIEnv*, Arguments...), bool CanFail>
+struct Hook<Slot, CanFail> {
     static inline const char* name = nullptr;
 
     static Result JNICALL call(JNIEnv* env, Arguments... arguments) {
-        if (isWatched(__builtin_return_address(0)) && current->mustFail(name, {})) {
-            if (!JniTable::failsSilently(name)) raise(env, current->failure(), "planted");
-            return Result();
+        if (isWatched(__builtin_return_address(0))) {
+            if (!CanFail) {
+                current->noteSafe(name);
+            } else if (current->mustFail(name, {})) {
+                if (!JniTable::failsSilently(name)) raise(env, current->failure(), "planted");
+                return Result();
+            }
         }
-        return (original->*Slot)(env, arguments...);
-    }
-};
-
-/// A function that the JVM cannot let fail: it gives something back, asks, or throws.
-template <auto Slot>
-struct SafeHook;
-
-template <typename Result, typename... Arguments,
-          Result (JNICALL* JNINativeInterface_::*Slot)(JNIEnv*, Arguments...)>
-struct SafeHook<Slot> {
-    static inline const char* name = nullptr;
-
-    static Result JNICALL call(JNIEnv* env, Arguments... arguments) {
-        if (isWatched(__builtin_return_address(0))) current->noteSafe(name);
         return (original->*Slot)(env, arguments...);
     }
 };
@@ -188,28 +178,28 @@ void JNICALL hookedReleaseStringUTFChars(JNIEnv* env, jstring string, const char
 
 const JNINativeInterface_* hookedTable() {
     static JNINativeInterface_ table = *original;
-#define HOOK(kind, function)                                 \
-    kind<& JNINativeInterface_::function>::name = #function; \
-    table.function = kind<&JNINativeInterface_::function>::call
-    HOOK(Hook, NewObjectA);
-    HOOK(Hook, CallObjectMethodA);
-    HOOK(Hook, CallBooleanMethodA);
-    HOOK(Hook, CallIntMethodA);
-    HOOK(Hook, CallStaticObjectMethodA);
-    HOOK(Hook, NewStringUTF);
-    HOOK(Hook, NewObjectArray);
-    HOOK(Hook, CallVoidMethodA);
-    HOOK(Hook, SetObjectArrayElement);
-    HOOK(Hook, NewGlobalRef);
-    HOOK(SafeHook, GetArrayLength);
-    HOOK(SafeHook, GetObjectArrayElement);
-    HOOK(SafeHook, GetObjectClass);
-    HOOK(SafeHook, IsInstanceOf);
-    HOOK(SafeHook, ExceptionDescribe);
-    HOOK(SafeHook, ExceptionClear);
-    HOOK(SafeHook, ExceptionCheck);
-    HOOK(SafeHook, DeleteGlobalRef);
-    HOOK(SafeHook, PopLocalFrame);
+#define HOOK(canFail, function)                                      \
+    Hook<&JNINativeInterface_::function, canFail>::name = #function; \
+    table.function = Hook<&JNINativeInterface_::function, canFail>::call
+    HOOK(true, NewObjectA);
+    HOOK(true, CallObjectMethodA);
+    HOOK(true, CallBooleanMethodA);
+    HOOK(true, CallIntMethodA);
+    HOOK(true, CallStaticObjectMethodA);
+    HOOK(true, NewStringUTF);
+    HOOK(true, NewObjectArray);
+    HOOK(true, CallVoidMethodA);
+    HOOK(true, SetObjectArrayElement);
+    HOOK(true, NewGlobalRef);
+    HOOK(false, GetArrayLength);
+    HOOK(false, GetObjectArrayElement);
+    HOOK(false, GetObjectClass);
+    HOOK(false, IsInstanceOf);
+    HOOK(false, ExceptionDescribe);
+    HOOK(false, ExceptionClear);
+    HOOK(false, ExceptionCheck);
+    HOOK(false, DeleteGlobalRef);
+    HOOK(false, PopLocalFrame);
 #undef HOOK
     table.GetJavaVM = hookedStatus<&JNINativeInterface_::GetJavaVM>;
     table.PushLocalFrame = hookedStatus<&JNINativeInterface_::PushLocalFrame>;

@@ -29,31 +29,33 @@ struct Fault {
     std::string inChange = inValidation;   ///< where a ConfigChangeException has one, too
 };
 
-const std::vector<Fault>& faults() {
-    static const std::string general = "com.kvo.talvern.TalvernException: ";
-    static const std::vector<Fault> all{
-        {"a standard exception", [] { throw std::runtime_error{"planted"}; }, general + "planted"},
-        {"bad_alloc", [] { throw std::bad_alloc{}; }, general + "std::bad_alloc"},
-        {"an empty what()", [] { throw std::logic_error{""}; }, general},
-        {"a what() full of formats", [] { throw std::out_of_range{"%s%n%d%s"}; }, general + "%s%n%d%s"},
-        {"a huge what()", [] { throw std::runtime_error{std::string(100'000, 'w')}; },
-         general + std::string(100'000, 'w')},
-        {"an int", [] { throw 7; }, general + "Unknown native exception"},
-        {"a text", [] { throw "planted"; }, general + "Unknown native exception"},
-        {"a ValidationException",
-         [] {
-             throw ValidationException{"field", "reason"};
-         },
-         general + "validation failed", "com.kvo.talvern.config.ValidationException: field: reason"},
-        {"a ConfigChangeException",
-         [] {
-             throw ConfigChangeException{1, "in use", {"a", "b"}};
-         },
-         general + "change failed", general + "change failed",
-         "com.kvo.talvern.config.ConfigChangeException: in use"},
-    };
-    return all;
-}
+const std::string general = "com.kvo.talvern.TalvernException: ";
+const std::string unknown = general + "Unknown native exception";
+const std::string refused = general + "change failed";
+
+const std::vector<Fault> faults{
+    {"a standard exception", [] { throw std::runtime_error{"planted"}; }, general + "planted"},
+    {"bad_alloc", [] { throw std::bad_alloc{}; }, general + "std::bad_alloc"},
+    {"an empty what()", [] { throw std::logic_error{""}; }, general},
+    {"a what() full of formats", [] { throw std::out_of_range{"%s%n%d%s"}; }, general + "%s%n%d%s"},
+    {"a huge what()", [] { throw std::runtime_error{std::string(100'000, 'w')}; },
+     general + std::string(100'000, 'w')},
+    {"an int", [] { throw 7; }, unknown},
+    {"a text", [] { throw "planted"; }, unknown},
+    {"a ValidationException", [] { throw ValidationException("field", "reason"); },
+     general + "validation failed", "com.kvo.talvern.config.ValidationException: field: reason"},
+    {"a ConfigChangeException",
+     [] {
+         throw ConfigChangeException(1, "in use", {"a", "b"});
+     },
+     refused, refused, "com.kvo.talvern.config.ConfigChangeException: in use"}};
+
+/// Conditions under which something else fails: the platform throws one of the faults, or nothing.
+const std::vector<Fault> faultsAndNone = [] {
+    std::vector<Fault> conditions = faults;
+    conditions.push_back({"nothing", nullptr, ""});
+    return conditions;
+}();
 
 const std::string& expectedException(const Fault& fault, const NativeMethod& native) {
     static const std::set<std::string> changing{"_createObject", "_updateObject", "_deleteObject",
@@ -61,6 +63,32 @@ const std::string& expectedException(const Fault& fault, const NativeMethod& nat
     if (native.className != "com/kvo/talvern/config/ServiceUtils") return fault.inGeneral;
     if (changing.contains(native.name)) return fault.inChange;
     return native.name == "_validateObject" ? fault.inValidation : fault.inGeneral;
+}
+
+/// What the native method returns after a failure, as text.
+std::string failureValue(const NativeMethod& native) {
+    static const std::map<std::string, std::set<std::string>> numbers{
+        {"-1",
+         {"_initNodeName", "_getCPUCount", "_getTotalMemory", "_getFreeMemory", "_getUptime",
+          "_getBatteryInstallationTime", "_getBatteryExpirationTime", "_clearIntrusionStatus",
+          "_reflashFirmware", "_upgradeFirmware"}},
+        {"0",
+         {"_getPlatformTraceMask", "_rollbackFirmware", "_deletePreviousFirmware", "_stopPacketCapture",
+          "_removeCapture", "_startTest", "_stopTest"}},
+        {"2", {"_resetHostSSHKeys"}},
+        {"3", {"_deviceRESET"}},
+        {"4", {"_requestReboot", "_requestShutdown", "_networkReady"}},
+        {"99", {"_addUser", "_deleteUser", "_sshKeyAdd", "_sshKeyDel"}}};
+    const std::string_view type = resultType(native.signature);
+    if (type == "V") return "";
+    if (type == "Z") return "false";
+    if (type != "I" && type != "J") {
+        return native.name == "_dnsResolve" ? "" : native.name == "_tcpConnect" ? "JNI error" : "null";
+    }
+    for (const auto& [number, natives] : numbers) {
+        if (natives.contains(native.name)) return number;
+    }
+    return native.className.ends_with("/EthernetInterfaces") ? "112" : "unknown";
 }
 
 /// One native method under one condition: call, then compare.
@@ -121,45 +149,21 @@ class LocalFrame {
     LocalFrame& operator=(const LocalFrame&) = delete;
 };
 
-}  // namespace
-
-std::string failureValue(const NativeMethod& native) {
-    static const std::map<std::string, int> numbers{{"_initNodeName", -1},
-                                                    {"_getCPUCount", -1},
-                                                    {"_getTotalMemory", -1},
-                                                    {"_getFreeMemory", -1},
-                                                    {"_getUptime", -1},
-                                                    {"_getBatteryInstallationTime", -1},
-                                                    {"_getBatteryExpirationTime", -1},
-                                                    {"_clearIntrusionStatus", -1},
-                                                    {"_reflashFirmware", -1},
-                                                    {"_upgradeFirmware", -1},
-                                                    {"_getPlatformTraceMask", 0},
-                                                    {"_rollbackFirmware", 0},
-                                                    {"_deletePreviousFirmware", 0},
-                                                    {"_stopPacketCapture", 0},
-                                                    {"_removeCapture", 0},
-                                                    {"_startTest", 0},
-                                                    {"_stopTest", 0},
-                                                    {"_resetHostSSHKeys", 2},
-                                                    {"_deviceRESET", 3},
-                                                    {"_requestReboot", 4},
-                                                    {"_requestShutdown", 4},
-                                                    {"_networkReady", 4},
-                                                    {"_addUser", 99},
-                                                    {"_deleteUser", 99},
-                                                    {"_sshKeyAdd", 99},
-                                                    {"_sshKeyDel", 99}};
-    const std::string_view type = resultType(native.signature);
-    if (type == "V") return "";
-    if (type == "Z") return "false";
-    if (type == "I" || type == "J") {
-        if (native.className.ends_with("/EthernetInterfaces")) return "112";
-        return std::to_string(numbers.at(native.name));
+/// Runs `check` for each native method while the platform throws each of `conditions`.
+template <typename Check>
+Findings sweep(const std::vector<NativeMethod>& natives, const std::vector<Fault>& conditions, Check check) {
+    Findings findings;
+    for (const NativeMethod& native : natives) {
+        for (const Fault& condition : conditions) {
+            platform::mocks().beforeOperation = condition.raise;
+            check(findings, native, condition);
+        }
+        platform::mocks().beforeOperation = nullptr;
     }
-    if (native.name == "_dnsResolve") return "";
-    return native.name == "_tcpConnect" ? "JNI error" : "null";
+    return findings;
 }
+
+}  // namespace
 
 Findings sweepBindings(const std::vector<NativeMethod>& natives) {
     Findings findings;
@@ -173,21 +177,15 @@ Findings sweepBindings(const std::vector<NativeMethod>& natives) {
 }
 
 Findings sweepPlatformExceptions(const std::vector<NativeMethod>& natives) {
-    Findings findings;
-    for (const NativeMethod& native : natives) {
-        for (const Fault& fault : faults()) {
-            const LocalFrame frame;
-            const std::vector<jvalue> arguments = plausibleArguments(native);
-            platform::mocks().beforeOperation = fault.raise;
-            Case test{findings, native, std::string{"the platform throwing "} + fault.name, arguments};
-            platform::mocks().beforeOperation = nullptr;
-            test.require(test.operations() > 0, "the platform was not called");
-            test.require(test.outcome.exception == expectedException(fault, native), "another exception");
-            test.requireFailureValue();
-            test.requireBuffersReturned();
-        }
-    }
-    return findings;
+    return sweep(natives, faults, [](Findings& findings, const NativeMethod& native, const Fault& fault) {
+        const LocalFrame frame;
+        Case test{findings, native, std::string{"the platform throwing "} + fault.name,
+                  plausibleArguments(native)};
+        test.require(test.operations() > 0, "the platform was not called");
+        test.require(test.outcome.exception == expectedException(fault, native), "another exception");
+        test.requireFailureValue();
+        test.requireBuffersReturned();
+    });
 }
 
 namespace {
@@ -239,38 +237,6 @@ Findings sweepNullArguments(const std::vector<NativeMethod>& natives) {
     return findings;
 }
 
-Findings sweepMissingClasses(const std::vector<NativeMethod>& natives) {
-    Findings findings;
-    JniTable& table = *currentJniTable();
-    for (const NativeMethod& native : natives) {
-        for (const bool throwing : {false, true}) {
-            const auto raise = [] { throw std::runtime_error{"planted"}; };
-            platform::mocks().beforeOperation = throwing ? raise : std::function<void()>{};
-            const LocalFrame frame;
-            table.restart();
-            invoke(native, plausibleArguments(native));
-            std::set<std::string> classes;
-            for (const JniTable::Call& call : table.calls()) {
-                if (std::string_view{call.function} == "FindClass") classes.insert(call.detail);
-            }
-            for (const std::string& javaClass : classes) {
-                const LocalFrame innerFrame;
-                const std::vector<jvalue> arguments = plausibleArguments(native);
-                table.restart();
-                table.hideClass(javaClass);
-                Case test{findings, native, "no class " + javaClass, arguments};
-                table.restart();
-                test.require(test.outcome.exception == "java.lang.NoClassDefFoundError: " + javaClass,
-                             "not the JVM's error");
-                test.requireFailureValue();
-                test.requireBuffersReturned();
-            }
-        }
-        platform::mocks().beforeOperation = nullptr;
-    }
-    return findings;
-}
-
 namespace {
 
 bool isLookup(const JniTable::Call& call) {
@@ -288,7 +254,7 @@ std::string failureOf(const JniTable::Call& call, const std::string& failure) {
         return "java.lang.NoSuchMethodError: " + call.detail.substr(begin, end - begin);
     }
     if (function == "GetJavaVM" || function == "PushLocalFrame") return "";  // a status only
-    if (JniTable::failsSilently(function)) return "com.kvo.talvern.TalvernException: std::bad_alloc";
+    if (JniTable::failsSilently(function)) return general + "std::bad_alloc";
     std::string name = failure;
     std::replace(name.begin(), name.end(), '/', '.');
     return name + ": planted";
@@ -302,26 +268,20 @@ bool runsJavaCode(const JniTable::Call& call) {
 }  // namespace
 
 Findings sweepFailingCalls(const std::vector<NativeMethod>& natives) {
-    Findings findings;
-    JniTable& table = *currentJniTable();
-    std::vector<const Fault*> conditions{nullptr};
-    for (const Fault& fault : faults()) conditions.push_back(&fault);
-    for (const NativeMethod& native : natives) {
-        for (const Fault* condition : conditions) {
-            platform::mocks().beforeOperation =
-                condition == nullptr ? std::function<void()>{} : condition->raise;
-            std::vector<JniTable::Call> calls;
-            {
+    return sweep(
+        natives, faultsAndNone, [](Findings& findings, const NativeMethod& native, const Fault& condition) {
+            JniTable& table = *currentJniTable();
+            const std::vector<JniTable::Call> calls = [&] {
                 const LocalFrame frame;
                 table.restart();
                 invoke(native, plausibleArguments(native));
-                calls = table.calls();
-            }
+                return table.calls();
+            }();
             for (std::size_t n = 0; n < calls.size(); ++n) {
                 if (!calls[n].canFail) continue;
                 for (const char* failure :
                      {"java/lang/OutOfMemoryError", "java/lang/IllegalStateException"}) {
-                    if (std::string_view{failure}.ends_with("IllegalStateException") &&
+                    if (failure == std::string_view{"java/lang/IllegalStateException"} &&
                         !runsJavaCode(calls[n]))
                         continue;
                     const LocalFrame frame;
@@ -330,8 +290,7 @@ Findings sweepFailingCalls(const std::vector<NativeMethod>& natives) {
                     table.failCall(n, failure);
                     Case test{findings, native,
                               std::string{calls[n].function} + " " + calls[n].detail + " failing as call " +
-                                  std::to_string(n) +
-                                  (condition == nullptr ? "" : " while the platform throws"),
+                                  std::to_string(n) + " while the platform throws " + condition.name,
                               arguments};
                     // Not always the call of the first run: an upgrade depends on those before.
                     const std::vector<JniTable::Call> made = table.calls();
@@ -339,18 +298,16 @@ Findings sweepFailingCalls(const std::vector<NativeMethod>& natives) {
                     const bool hasFailed = n < made.size() && made[n].canFail;
                     const std::string expected = hasFailed ? failureOf(made[n], failure) : "";
                     // What the platform throws afterwards takes its place.
-                    const bool wasReplaced = condition != nullptr && !isLookup(calls[n]) &&
+                    const bool wasReplaced = condition.raise && !isLookup(calls[n]) &&
                                              test.operations() > 0 &&
-                                             test.outcome.exception == expectedException(*condition, native);
+                                             test.outcome.exception == expectedException(condition, native);
                     test.require(expected.empty() || test.outcome.exception == expected || wasReplaced,
                                  "not the JVM's error");
+                    if (hasFailed && isLookup(made[n])) test.requireFailureValue();
                     test.requireBuffersReturned();
                 }
             }
-        }
-        platform::mocks().beforeOperation = nullptr;
-    }
-    return findings;
+        });
 }
 
 Findings sweepHostileAnswers(const std::vector<NativeMethod>& natives,
@@ -365,7 +322,7 @@ Findings sweepHostileAnswers(const std::vector<NativeMethod>& natives,
                       "hostile answers of kind " + std::to_string(static_cast<int>(hostility)), arguments};
             platform::mocks().hostility = platform::Hostility::none;
             const std::string& exception = test.outcome.exception;
-            test.require(exception.empty() || exception.starts_with("com.kvo.talvern.TalvernException: ") ||
+            test.require(exception.empty() || exception.starts_with(general) ||
                              exception.starts_with("java.lang.ArrayIndexOutOfBoundsException: "),
                          "an exception that says nothing");
             test.requireBuffersReturned();
@@ -375,48 +332,30 @@ Findings sweepHostileAnswers(const std::vector<NativeMethod>& natives,
 }
 
 Findings sweepFailingMemory(const std::vector<NativeMethod>& natives) {
-    Findings findings;
-    std::vector<std::function<void()>> conditions{nullptr};
-    for (const Fault& fault : faults()) conditions.push_back(fault.raise);
-    for (const NativeMethod& native : natives) {
-        for (const auto& condition : conditions) {
-            platform::mocks().beforeOperation = condition;
-            for (std::size_t n = 0;; ++n) {
-                const LocalFrame frame;
-                const std::vector<jvalue> arguments = plausibleArguments(native);
-                failAllocation(n);
-                Case test{findings, native, "allocation " + std::to_string(n) + " failing", arguments};
-                const bool hasFailed = allocationHasFailed();
-                if (!hasFailed) break;
-                test.require(test.outcome.exception == "com.kvo.talvern.TalvernException: std::bad_alloc" ||
-                                 test.outcome.exception ==
-                                     "com.kvo.talvern.TalvernException: Unknown native exception",
-                             "not the failed allocation");
-                test.requireFailureValue();
-                test.requireBuffersReturned();
-            }
-        }
-        platform::mocks().beforeOperation = nullptr;
-    }
-    return findings;
-}
-
-Findings sweepFailingTrace(const std::vector<NativeMethod>& natives) {
-    Findings findings;
-    ON_CALL(mock<LogMock>(), line).WillByDefault([](unsigned, const std::string&) { throw 1; });
-    for (const NativeMethod& native : natives) {
-        for (const Fault& fault : faults()) {
+    return sweep(natives, faultsAndNone, [](Findings& findings, const NativeMethod& native, const Fault&) {
+        for (std::size_t n = 0;; ++n) {
             const LocalFrame frame;
-            platform::mocks().beforeOperation = fault.raise;
-            Case test{findings, native, std::string{"the trace log failing after "} + fault.name,
-                      plausibleArguments(native)};
-            platform::mocks().beforeOperation = nullptr;
+            const std::vector<jvalue> arguments = plausibleArguments(native);
+            failAllocation(n);
+            Case test{findings, native, "allocation " + std::to_string(n) + " failing", arguments};
+            if (!allocationHasFailed()) break;
             test.require(
-                test.outcome.exception == "com.kvo.talvern.TalvernException: Unknown native exception",
-                "another exception");
+                test.outcome.exception == general + "std::bad_alloc" || test.outcome.exception == unknown,
+                "not the failed allocation");
             test.requireFailureValue();
             test.requireBuffersReturned();
         }
-    }
-    return findings;
+    });
+}
+
+Findings sweepFailingTrace(const std::vector<NativeMethod>& natives) {
+    ON_CALL(mock<LogMock>(), line).WillByDefault([](unsigned, const std::string&) { throw 1; });
+    return sweep(natives, faults, [](Findings& findings, const NativeMethod& native, const Fault& fault) {
+        const LocalFrame frame;
+        Case test{findings, native, std::string{"the trace log failing after "} + fault.name,
+                  plausibleArguments(native)};
+        test.require(test.outcome.exception == unknown, "another exception");
+        test.requireFailureValue();
+        test.requireBuffersReturned();
+    });
 }

@@ -25,11 +25,8 @@ Findings sweepPlatformExceptions(const std::vector<NativeMethod>& natives);
 /// says so and no call of the platform, or the answer that the contract gives.
 Findings sweepNullArguments(const std::vector<NativeMethod>& natives);
 
-/// Every Java class that the native methods look up is missing: the JVM's error and the failure value.
-Findings sweepMissingClasses(const std::vector<NativeMethod>& natives);
-
 /// Every single JNI call fails, in calls that succeed otherwise and in those in which the platform throws:
-/// that error arrives in Java.
+/// that error arrives in Java, and after a failed lookup the failure value.
 Findings sweepFailingCalls(const std::vector<NativeMethod>& natives);
 
 /// Every single allocation of native memory fails: a Java exception that says so.
@@ -42,6 +39,3 @@ Findings sweepFailingTrace(const std::vector<NativeMethod>& natives);
 /// given back and no more than one Java exception arrives.
 Findings sweepHostileAnswers(const std::vector<NativeMethod>& natives,
                              const std::vector<platform::Hostility>& hostilities);
-
-/// What the native method returns after a failure, as text.
-std::string failureValue(const NativeMethod& native);
