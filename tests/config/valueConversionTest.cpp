@@ -37,18 +37,16 @@ TEST_F(ValueConversionTest, AnyTreeComesBackEqualInTheOrderOfItsKeys) {
     int trees = 0;
     for (jlong number = 0; number < 150; ++number) {
         SCOPED_TRACE(number);
-        env->PushLocalFrame(1000);
+        const LocalFrame frame;
         auto* pair =
             static_cast<jobjectArray>(values("random", "(J)[Lcom/kvo/talvern/config/Value;", number));
         jobject expected = env->GetObjectArrayElement(pair, 1);
-        if (expected != nullptr) {
-            ++trees;
-            send(env->GetObjectArrayElement(pair, 0));
-            jobject back = fetch();
-            EXPECT_TRUE(areEqual(expected, back));
-            EXPECT_EQ(describe(back), describe(expected));  // the order, which equality does not see
-        }
-        env->PopLocalFrame(nullptr);
+        if (expected == nullptr) continue;
+        ++trees;
+        send(env->GetObjectArrayElement(pair, 0));
+        jobject back = fetch();
+        EXPECT_TRUE(areEqual(expected, back));
+        EXPECT_EQ(describe(back), describe(expected));  // the order, which equality does not see
     }
     EXPECT_GT(trees, 75);
 }

@@ -19,10 +19,6 @@ class Recorder : public SimpleValue {
   public:
     using SimpleValue::SimpleValue;
     ~Recorder() override { destroyed.push_back(value); }
-    Recorder(const Recorder&) = delete;
-    Recorder& operator=(const Recorder&) = delete;
-    Recorder(Recorder&&) = delete;
-    Recorder& operator=(Recorder&&) = delete;
 
     [[nodiscard]] Value* clone() const override {
         ++cloned;

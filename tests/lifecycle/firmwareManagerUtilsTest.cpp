@@ -133,33 +133,26 @@ TEST_F(FirmwareTest, KeepsOneNativeCallbackAndTheLatestJavaCallback) {
     EXPECT_THAT(stateCalls(), IsEmpty());
 
     jobject first = newCallback();
+    table.failCall(1);  // after the characters of the image
+    EXPECT_EQ(upgrade(first), 0);
+    EXPECT_TRUE(received == nullptr && vm == nullptr && isRegistered(first) && native == nullptr);
+    EXPECT_THAT(stateCalls(), ElementsAre("GetJavaVM", "NewGlobalRef"));
+
     upgrade(first);
     UpgradeCallback* const only = received;
-    EXPECT_TRUE(only != nullptr && native == only && vm != nullptr && isRegistered(first));
-    EXPECT_THAT(stateCalls(), ElementsAre("GetJavaVM", "NewGlobalRef"));
+    EXPECT_TRUE(only != nullptr && vm != nullptr && isRegistered(first) && native == only);
+    EXPECT_THAT(stateCalls(), ElementsAre("GetJavaVM", "DeleteGlobalRef", "NewGlobalRef"));
 
     jobject second = newCallback();
     upgrade(second);
-    EXPECT_TRUE(received == only && native == only && isRegistered(second));
+    EXPECT_TRUE(received == only && isRegistered(second) && native == only);
     EXPECT_THAT(stateCalls(), ElementsAre("DeleteGlobalRef", "NewGlobalRef"));
 
-    received = nullptr;
     upgrade(nullptr);
-    EXPECT_TRUE(received == only && native == only && isRegistered(second));
+    EXPECT_TRUE(received == only && isRegistered(second) && native == only);
     EXPECT_THAT(stateCalls(), IsEmpty());
     received->progress(40, 100, FwUpgradeCode::writing);
     EXPECT_EQ(describe(first) + describe(second), "[][40/100 WRITING]");
-}
-
-TEST_F(FirmwareTest, AsksForTheJvmAgainAfterARefusal) {
-    jobject callback = newCallback();
-    table.restart();
-    table.failCall(1);  // after the characters of the image
-    EXPECT_EQ(upgrade(callback), 0);
-    EXPECT_THAT(stateCalls(), ElementsAre("GetJavaVM", "NewGlobalRef"));
-    EXPECT_TRUE(received == nullptr && native == nullptr && vm == nullptr && isRegistered(callback));
-    upgrade(callback);
-    EXPECT_TRUE(received != nullptr && native == received && vm != nullptr);
 }
 
 TEST_F(FirmwareTest, DropsReportsThatNobodyCanReceive) {
@@ -271,74 +264,21 @@ TEST_F(FirmwareTest, RunsTwoUpgradesAtOnce) {
         onPlatformThread(progress);
         return 0;
     });
-    std::vector<jobject> callbacks{env->NewGlobalRef(newCallback()), env->NewGlobalRef(newCallback())};
-    std::vector<std::thread> threads;
-    for (jobject callback : callbacks) {
-        threads.emplace_back([callback, &method = bridgeNative("_upgradeFirmware")] {
-            javaEnv()->PushLocalFrame(10 * upgrades);
-            const std::vector<jvalue> arguments{toJvalue(javaString("image")), {}, {}, toJvalue(callback)};
-            for (int i = 0; i < upgrades; ++i) EXPECT_EQ(invoke(method, arguments).exception, "");
-            javaEnv()->PopLocalFrame(nullptr);
-            bridgeVariable<JavaVM*>("g_vm")->DetachCurrentThread();
-        });
-    }
-    for (std::thread& thread : threads) thread.join();
+    const std::vector<jobject> callbacks{env->NewGlobalRef(newCallback()), env->NewGlobalRef(newCallback())};
+    const auto run = [&method = bridgeNative("_upgradeFirmware")](jobject callback) {
+        const LocalFrame frame;
+        const std::vector<jvalue> arguments{toJvalue(javaString("image")), {}, {}, toJvalue(callback)};
+        for (int i = 0; i < upgrades; ++i) EXPECT_EQ(invoke(method, arguments).exception, "");
+    };
+    std::thread other{[&] {
+        run(callbacks[1]);
+        vm->DetachCurrentThread();
+    }};
+    run(callbacks[0]);
+    other.join();
     const std::string reports = describe(callbacks[0]) + describe(callbacks[1]);
     EXPECT_EQ(std::ranges::count(reports, '/'), 2 * 2 * upgrades);
     for (jobject callback : callbacks) env->DeleteGlobalRef(callback);
-}
-
-TEST_F(FirmwareTest, LeavesNothingBehind) {
-    const auto threadCount = [&] {
-        jclass threadClass = env->FindClass("java/lang/Thread");
-        return env->CallStaticIntMethod(threadClass,
-                                        env->GetStaticMethodID(threadClass, "activeCount", "()I"));
-    };
-    const auto isAlive = [&](jweak callback) { return env->IsSameObject(callback, nullptr) == JNI_FALSE; };
-
-    // One platform thread for all upgrades, whose local references live until it ends, and one for each.
-    const jint threadsBefore = threadCount();
-    struct LastWord {
-        std::function<void()> say;
-        ~LastWord() { say(); }
-    };
-    upgrade(newCallback());
-    onPlatformThread([&] {
-        thread_local LastWord last{[&] { report(2); }};  // comes after all that this report has set up
-        report(1);
-    });
-    EXPECT_EQ(threadCount(), threadsBefore);
-    std::binary_semaphore reportIsDue{0}, reportIsMade{0};
-    bool isOver = false;
-    std::thread longLived{[&] {
-        for (reportIsDue.acquire(); !isOver; reportIsDue.acquire()) {
-            report(1);
-            reportIsMade.release();
-        }
-    }};
-    std::vector<jweak> callbacks;
-    for (int i = 0; i < 1000; ++i) {
-        env->PushLocalFrame(100);
-        jobject callback = newCallback();
-        callbacks.push_back(env->NewWeakGlobalRef(callback));
-        upgrade(callback);
-        reportIsDue.release();
-        reportIsMade.acquire();
-        onPlatformThread([&] { report(2); });
-        EXPECT_EQ(describe(callback), "[1/2 VERIFYING, 2/2 VERIFYING]");
-        env->PopLocalFrame(nullptr);
-    }
-    EXPECT_EQ(threadCount(), threadsBefore + 1);
-    jclass systemClass = env->FindClass("java/lang/System");
-    env->CallStaticVoidMethod(systemClass, env->GetStaticMethodID(systemClass, "gc", "()V"));
-    EXPECT_EQ(std::ranges::count_if(callbacks, isAlive), 1);
-    EXPECT_TRUE(isAlive(callbacks.back())) << "the one that is registered";
-
-    isOver = true;
-    reportIsDue.release();
-    longLived.join();
-    EXPECT_EQ(threadCount(), threadsBefore);
-    for (jweak callback : callbacks) env->DeleteWeakGlobalRef(callback);
 }
 
 /// A platform that waits for its thread when it is destroyed. The thread reports once before and once after
@@ -365,11 +305,47 @@ class WaitingPlatform {
     std::thread thread_;
 };
 
-class FirmwareDeathTest : public FirmwareTest {
-  protected:
-    FirmwareDeathTest() { testing::FLAGS_gtest_death_test_style = "threadsafe"; }
+TEST_F(FirmwareTest, LeavesNothingBehind) {
+    const auto threadCount = [&] {
+        jclass threadClass = env->FindClass("java/lang/Thread");
+        jmethodID activeCount = env->GetStaticMethodID(threadClass, "activeCount", "()I");
+        return env->CallStaticIntMethod(threadClass, activeCount);
+    };
+    const jint threadsBefore = threadCount();
+    struct LastWord {
+        std::function<void()> say;
+        ~LastWord() { say(); }
+    };
+    upgrade(newCallback());
+    onPlatformThread([&] {
+        thread_local LastWord last{[&] { report(2); }};  // comes after all that this report has set up
+        report(1);
+    });
+    EXPECT_EQ(threadCount(), threadsBefore);
+    {
+        WaitingPlatform platform;
+        env->PushLocalFrame(100);
+        jobject callback = newCallback();
+        jweak reference = env->NewWeakGlobalRef(callback);
+        upgrade(callback);
+        platform.reportTo(received);
+        EXPECT_EQ(describe(callback), "[1/2 VERIFYING]");
+        EXPECT_EQ(threadCount(), threadsBefore + 1);
+        env->PopLocalFrame(nullptr);
+        upgrade(newCallback());
+        jclass systemClass = env->FindClass("java/lang/System");
+        env->CallStaticVoidMethod(systemClass, env->GetStaticMethodID(systemClass, "gc", "()V"));
+        EXPECT_TRUE(env->IsSameObject(reference, nullptr)) << "the replaced callback is kept alive";
+        env->DeleteWeakGlobalRef(reference);
+    }
+    EXPECT_EQ(threadCount(), threadsBefore);
+}
 
-    void endJvm() {
+using FirmwareDeathTest = FirmwareTest;
+
+TEST_F(FirmwareDeathTest, LetsThreadsEndAfterTheJvm) {
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    const auto endJvm = [&] {
         alarm(60);
         upgrade(newCallback());
         {
@@ -378,9 +354,8 @@ class FirmwareDeathTest : public FirmwareTest {
             vm->DestroyJavaVM();
         }
         std::_Exit(0);
-    }
-
-    void endProcess() {
+    };
+    const auto endProcess = [&] {
         alarm(60);
         upgrade(newCallback());
         static WaitingPlatform platform;
@@ -388,10 +363,7 @@ class FirmwareDeathTest : public FirmwareTest {
         platform::mocks().clear();
         jclass systemClass = env->FindClass("java/lang/System");
         env->CallStaticVoidMethod(systemClass, env->GetStaticMethodID(systemClass, "exit", "(I)V"), 0);
-    }
-};
-
-TEST_F(FirmwareDeathTest, LetsThreadsEndAfterTheJvm) {
+    };
     EXPECT_EXIT(endJvm(), ExitedWithCode(0), "");
     EXPECT_EXIT(endProcess(), ExitedWithCode(0), "");
 }

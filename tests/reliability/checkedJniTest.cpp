@@ -59,12 +59,11 @@ TEST_F(CheckedJniTest, FindsNothingButWhatTheContractForces) {
 
     std::set<std::string> found;  // sorted: reflection gives the methods in any order
     for (const NativeMethod& native : bridgeNatives()) {
-        env->PushLocalFrame(100);
+        const LocalFrame frame;
         const std::vector<jvalue> arguments = plausibleArguments(native);
         newOutput();
         EXPECT_EQ(invokeThroughJvm(native, arguments), "");
         const Counts counts = countWarnings(newOutput(), native.fullName());
-        env->PopLocalFrame(nullptr);
         std::stringstream line;
         line << native.fullName() << ' ' << counts << '\n';
         if (counts.unchecked + counts.references > 0) found.insert(line.str());

@@ -15,9 +15,7 @@
 /// given back in order and that no Java exception is left that the test has not asked for.
 class BridgeTest : public testing::Test {
   protected:
-    BridgeTest() : env{envOfLoadedBridge()}, table{env} { env->PushLocalFrame(1000); }
-
-    ~BridgeTest() override { env->PopLocalFrame(nullptr); }
+    BridgeTest() : env{envOfLoadedBridge()}, table{env} {}
 
     void TearDown() override {
         EXPECT_EQ(thrown_, "") << "a Java exception that the test did not ask for";
@@ -82,6 +80,7 @@ class BridgeTest : public testing::Test {
         return outcome;
     }
 
+    const LocalFrame frame_;
     std::string thrown_;
 };
 

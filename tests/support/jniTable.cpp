@@ -1,8 +1,8 @@
 #include "support/jniTable.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <cstring>
+#include <dlfcn.h>
 #include <link.h>
 #include <set>
 #include <string_view>
@@ -16,35 +16,12 @@ namespace {
 thread_local JniTable* current = nullptr;
 const JNINativeInterface_* original = nullptr;
 
-struct Range {
-    std::uintptr_t begin, end;
-};
-
-/// Where the libraries lie whose calls are watched.
-const std::vector<Range>& watchedRanges() {
-    static std::vector<Range> ranges;
-    if (!ranges.empty()) return ranges;
-    dl_iterate_phdr(
-        [](dl_phdr_info* info, std::size_t, void*) {
-            const std::string_view file{info->dlpi_name};
-            if (!file.ends_with("/libtalvernjni.so") && !file.ends_with("/libplanted.so")) return 0;
-            for (int i = 0; i < info->dlpi_phnum; ++i) {
-                const auto& segment = info->dlpi_phdr[i];
-                const std::uintptr_t begin = info->dlpi_addr + segment.p_vaddr;
-                if (segment.p_type == PT_LOAD) ranges.push_back({begin, begin + segment.p_memsz});
-            }
-            return 0;
-        },
-        nullptr);
-    return ranges;
-}
-
-bool isWatched(const void* address) {
-    const auto at = reinterpret_cast<std::uintptr_t>(address);
-    const auto& ranges = watchedRanges();
-    return current != nullptr && std::any_of(ranges.begin(), ranges.end(), [&](const Range& range) {
-               return at >= range.begin && at < range.end;
-           });
+/// Whether the call comes from a library whose calls are watched.
+bool isWatched(void* address) {
+    dl_find_object caller{};
+    if (current == nullptr || _dl_find_object(address, &caller) != 0) return false;
+    const std::string_view file{caller.dlfo_link_map->l_name};
+    return file.ends_with("/libtalvernjni.so") || file.ends_with("/libplanted.so");
 }
 
 void raise(JNIEnv* env, const char* className, const char* message) {
@@ -96,13 +73,9 @@ struct Hook<Slot, CanFail> {
     static inline const char* name = nullptr;
 
     static Result JNICALL call(JNIEnv* env, Arguments... arguments) {
-        if (isWatched(__builtin_return_address(0))) {
-            if (!CanFail) {
-                current->noteSafe(name);
-            } else if (current->mustFail(name, {})) {
-                if (!JniTable::failsSilently(name)) raise(env, current->failure(), "planted");
-                return Result();
-            }
+        if (isWatched(__builtin_return_address(0)) && current->mustFail(name, {}, CanFail)) {
+            if (!JniTable::failsSilently(name)) raise(env, current->failure(), "planted");
+            return Result();
         }
         return (original->*Slot)(env, arguments...);
     }
@@ -146,7 +119,7 @@ jmethodID JNICALL hookedLookup(JNIEnv* env, jclass javaClass, const char* name, 
 jint JNICALL hookedThrowNew(JNIEnv* env, jclass javaClass, const char* message) {
     const UncountedAllocations uncounted;
     if (isWatched(__builtin_return_address(0))) {
-        current->noteSafe("ThrowNew");
+        current->mustFail("ThrowNew", {}, false);
         record(env, "throwable", javaClass, {});
         record(env, "method", javaClass, " <init> (Ljava/lang/String;)V");
     }
@@ -156,7 +129,7 @@ jint JNICALL hookedThrowNew(JNIEnv* env, jclass javaClass, const char* message) 
 jint JNICALL hookedThrow(JNIEnv* env, jthrowable exception) {
     const UncountedAllocations uncounted;
     if (isWatched(__builtin_return_address(0))) {
-        current->noteSafe("Throw");
+        current->mustFail("Throw", {}, false);
         record(env, "throwable", original->GetObjectClass(env, exception), {});
     }
     return original->Throw(env, exception);
@@ -172,7 +145,7 @@ const char* JNICALL hookedGetStringUTFChars(JNIEnv* env, jstring string, jboolea
 
 void JNICALL hookedReleaseStringUTFChars(JNIEnv* env, jstring string, const char* chars) {
     const bool watched = isWatched(__builtin_return_address(0));
-    if (watched) current->noteSafe("ReleaseStringUTFChars");
+    if (watched) current->mustFail("ReleaseStringUTFChars", {}, false);
     if (!watched || current->given(chars)) original->ReleaseStringUTFChars(env, string, chars);
 }
 
@@ -252,17 +225,12 @@ bool JniTable::failsSilently(std::string_view function) {
     return function == "GetStringUTFChars" || function == "NewGlobalRef";
 }
 
-bool JniTable::mustFail(const char* function, std::string detail) {
+bool JniTable::mustFail(const char* function, std::string detail, bool canFail) {
     const UncountedAllocations uncounted;
     const bool isHidden =
         !hiddenClass_.empty() && std::strcmp(function, "FindClass") == 0 && detail == hiddenClass_;
-    calls_.push_back({function, std::move(detail), true});
-    return isHidden || calls_.size() - 1 == failingCall_;
-}
-
-void JniTable::noteSafe(const char* function) {
-    const UncountedAllocations uncounted;
-    calls_.push_back({function, {}, false});
+    calls_.push_back({function, std::move(detail), canFail});
+    return canFail && (isHidden || calls_.size() - 1 == failingCall_);
 }
 
 void JniTable::taken(const char* chars) {

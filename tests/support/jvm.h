@@ -14,6 +14,15 @@ JNIEnv* javaEnv();
 /// leaves unchecked, so that tests with very many calls run without.
 bool isJniChecked();
 
+/// Frees the local references that are made while it exists.
+class LocalFrame {
+  public:
+    LocalFrame() { javaEnv()->PushLocalFrame(5000); }
+    ~LocalFrame() { javaEnv()->PopLocalFrame(nullptr); }
+    LocalFrame(const LocalFrame&) = delete;
+    LocalFrame& operator=(const LocalFrame&) = delete;
+};
+
 /// The jar of the Java side.
 std::string apiJar();
 
