@@ -7,7 +7,10 @@
 
 using namespace talvern::config;
 using testing::ElementsAre;
+using testing::Field;
 using testing::IsEmpty;
+using testing::IsNull;
+using testing::NotNull;
 
 namespace {
 
@@ -64,30 +67,22 @@ TEST_F(ValueTest, PutReplacesAndDestroysTheEarlierChild) {
     EXPECT_EQ(dynamic_cast<SimpleValue*>(value.members["a"])->value, "second");
 }
 
-/// All that there is in a tree, as text.
-std::string toText(const Value* value) {
-    if (value == nullptr) return "null";
-    std::string text = value->mu ? "!" : "";
-    if (const auto* simple = dynamic_cast<const SimpleValue*>(value)) return text + simple->value;
-    if (const auto* array = dynamic_cast<const ArrayValue*>(value)) {
-        for (const Value* element : array->elements) text += toText(element) + ", ";
-        return "[" + text + "]";
-    }
-    for (const auto& [key, member] : dynamic_cast<const StructValue*>(value)->members) {
-        text += key + "=" + toText(member) + ", ";
-    }
-    return "{" + text + "}";
-}
-
 TEST_F(ValueTest, ClonesDeeplyAndDestroysInTheOrderOfKeysAndElements) {
+    const auto inOrder = ElementsAre("1", "2", "3", "4", "5", "6");
     auto source = sample();
-    const std::string text = toText(source.get());
     std::unique_ptr<Value> copy{source->clone()};
     EXPECT_EQ(cloned, 6);
-    EXPECT_THAT(destroyed, IsEmpty());
+    EXPECT_THAT(std::exchange(destroyed, {}), IsEmpty());
     source.reset();
-    EXPECT_THAT(destroyed, ElementsAre("1", "2", "3", "4", "5", "6"));
-    EXPECT_EQ(toText(copy.get()), text);
+    EXPECT_THAT(std::exchange(destroyed, {}), inOrder);
+
+    const auto& members = dynamic_cast<StructValue&>(*copy).members;
+    const auto& list = dynamic_cast<ArrayValue&>(*members.at("b"));
+    EXPECT_TRUE(copy->mu && list.mu && members.at("d") == nullptr);
+    EXPECT_THAT(list.elements, ElementsAre(NotNull(), IsNull(), Field(&Value::mu, false),
+                                           Field(&Value::mu, false), Field(&Value::mu, true)));
+    copy.reset();
+    EXPECT_THAT(destroyed, inOrder);
 }
 
 /// A text below 99,999 lists and structures, each with a sibling before and behind.

@@ -17,11 +17,7 @@ using testing::Return;
 using testing::SaveArg;
 using testing::Throw;
 
-namespace {
-
-std::function<unsigned(unsigned)> onSleep;
-
-}  // namespace
+static std::function<unsigned(unsigned)> onSleep;
 
 /// Takes the place of the C library's in the bridge, too, so that no test waits.
 extern "C" unsigned sleep(unsigned seconds) { return onSleep ? onSleep(seconds) : 0; }
@@ -317,6 +313,7 @@ TEST_F(FirmwareTest, LeavesNothingBehind) {
         ~LastWord() { say(); }
     };
     upgrade(newCallback());
+    onPlatformThread([&] { report(1); });
     onPlatformThread([&] {
         thread_local LastWord last{[&] { report(2); }};  // comes after all that this report has set up
         report(1);

@@ -10,7 +10,7 @@ namespace platform {
 
 namespace {
 
-std::recursive_mutex mutex;  // a mock's constructor may ask for another mock
+std::mutex mutex;
 std::map<const void*, std::shared_ptr<void>> all;
 std::atomic<std::size_t> operations;
 

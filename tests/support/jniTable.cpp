@@ -15,6 +15,7 @@ namespace {
 
 thread_local JniTable* current = nullptr;
 const JNINativeInterface_* original = nullptr;
+std::set<std::string> requirements;
 
 /// Whether the call comes from a library whose calls are watched.
 bool isWatched(void* address) {
@@ -41,11 +42,6 @@ std::string nameOf(JNIEnv* env, jclass javaClass) {
     return text;
 }
 
-std::set<std::string>& recorded() {
-    static std::set<std::string> all;
-    return all;
-}
-
 /// Notes what the bridge needs of a class of the Java side. A class of the tests stands for the one that it
 /// extends.
 void record(JNIEnv* env, const char* kind, jclass javaClass, const std::string& member) {
@@ -59,7 +55,7 @@ void record(JNIEnv* env, const char* kind, jclass javaClass, const std::string& 
     original->PopLocalFrame(env, nullptr);
     if (!name.starts_with("com.kvo.talvern.")) return;
     std::replace(name.begin(), name.end(), '.', '/');
-    recorded().insert(std::string{kind} + " " + name + member);
+    requirements.insert(std::string{kind} + " " + name + member);
 }
 
 template <auto Slot, bool CanFail>
@@ -188,7 +184,7 @@ const JNINativeInterface_* hookedTable() {
 
 }  // namespace
 
-const std::set<std::string>& recordedRequirements() { return recorded(); }
+const std::set<std::string>& recordedRequirements() { return requirements; }
 
 JniTable* currentJniTable() { return current; }
 

@@ -55,8 +55,6 @@ JNIEnv* javaEnv() {
     return env;
 }
 
-std::string apiJar() { return TALVERN_API_JAR; }
-
 std::string bridgeLibrary() { return std::string{libraryFolder()} + "/libtalvernjni.so"; }
 
 std::string takeException(JNIEnv* env) {

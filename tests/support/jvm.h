@@ -23,9 +23,6 @@ class LocalFrame {
     LocalFrame& operator=(const LocalFrame&) = delete;
 };
 
-/// The jar of the Java side.
-std::string apiJar();
-
 /// The bridge, as a file.
 std::string bridgeLibrary();
 

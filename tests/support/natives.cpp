@@ -1,9 +1,7 @@
 #include "support/natives.h"
 
-#include <cstdlib>
 #include <dlfcn.h>
 #include <ffi.h>
-#include <iostream>
 #include <stdexcept>
 
 #include "bridge/signature.h"
@@ -64,8 +62,7 @@ std::vector<NativeMethod> list(const std::string& jar, const char* folder, const
         "com/kvo/talvern/testing/Natives", "list",
         "(Ljava/lang/String;Ljava/lang/String;)[Ljava/lang/String;", javaString(jar), javaString(folder)));
     if (const std::string exception = takeException(env); !exception.empty()) {
-        std::cerr << "the native methods can't be listed: " << exception << '\n';
-        std::exit(1);
+        throw std::runtime_error{"the native methods can't be listed: " + exception};
     }
     std::vector<NativeMethod> methods;
     const auto text = [&](jsize i) { return describe(env->GetObjectArrayElement(texts, i)); };
@@ -108,7 +105,8 @@ jobject receiverOf(const NativeMethod& native) {
 }  // namespace
 
 const std::vector<NativeMethod>& bridgeNatives() {
-    static const std::vector<NativeMethod> natives = list(apiJar(), "com/kvo/talvern/", bridgeLibrary());
+    static const std::vector<NativeMethod> natives =
+        list(TALVERN_API_JAR, "com/kvo/talvern/", bridgeLibrary());
     return natives;
 }
 
