@@ -26,6 +26,7 @@ class ApplianceUtilsTest : public BridgeTest {
 };
 
 TEST_F(ApplianceUtilsTest, GivesNullForAnEmptyIdentityButNotForAnEmptyLocaleOrTimeZone) {
+    const InSequence inOrder;
     for (const auto& [text, identity, setting] :
          {std::tuple{""s, "null", ""}, {"x-42"s, "x-42", "x-42"}, {"\0x"s, "", ""}}) {
         EXPECT_CALL(appliance, getSerialNumber).WillOnce(Return(text));
