@@ -5,6 +5,7 @@
 #include <fuzzer/FuzzedDataProvider.h>
 #include <iostream>
 
+#include "bridge/signature.h"
 #include "config/value.h"
 #include "mocks/config.h"
 #include "mocks/network.h"
@@ -63,19 +64,13 @@ jobject anyTree(FuzzedDataProvider& data, int levels) {
     return value;
 }
 
-jvalue object(jobject reference) {
-    jvalue value{};
-    value.l = reference;
-    return value;
-}
-
 void text(FuzzedDataProvider& data) {
     std::string name;
     ON_CALL(mock<NodeNameMock>(), set)
         .WillByDefault(testing::DoAll(testing::SaveArg<0>(&name), testing::Return(0)));
     ON_CALL(mock<NodeNameMock>(), get).WillByDefault([&] { return name; });
     jstring in = anyText(data);
-    require(invoke(bridgeNative("_setNodeName"), {object(in)}).exception.empty(), "refused");
+    require(invoke(bridgeNative("_setNodeName"), {toJvalue(in)}).exception.empty(), "refused");
     require(areEqual(in, invoke(bridgeNative("_getNodeName"), {}).result.l), "another text");
 }
 
@@ -99,10 +94,10 @@ void tree(FuzzedDataProvider& data) {
     });
     jobject in = anyTree(data, 6);
     if (in == nullptr) return;
-    jvalue merge{};
-    const std::vector<jvalue> id{object(javaString("t")), object(javaString("p")), object(javaString("n"))};
+    const std::vector<jvalue> id{toJvalue(javaString("t")), toJvalue(javaString("p")),
+                                 toJvalue(javaString("n"))};
     std::vector<jvalue> update = id;
-    update.insert(update.end(), {object(in), merge});
+    update.insert(update.end(), {toJvalue(in), toJvalue(false)});
     require(invoke(bridgeNative("_updateObject"), update).exception.empty(), "refused");
     require(areEqual(in, invoke(bridgeNative("_queryObject"), id).result.l), "another tree");
 }
@@ -129,8 +124,8 @@ void attributes(FuzzedDataProvider& data) {
         env->SetObjectArrayElement(values, i, value);
         env->CallObjectMethod(expected, put, key, value);
     }
-    invoke(bridgeNative("_setEthernetInterface"), {object(keys), object(values)});
-    const Outcome outcome = invoke(bridgeNative("_getEthernetInterface"), {object(javaString("eth0"))});
+    invoke(bridgeNative("_setEthernetInterface"), {toJvalue(keys), toJvalue(values)});
+    const Outcome outcome = invoke(bridgeNative("_getEthernetInterface"), {toJvalue(javaString("eth0"))});
     require(areEqual(expected, outcome.result.l), "other attributes");
 }
 
@@ -151,22 +146,9 @@ extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size);
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-    env->PushLocalFrame(1000);
+    const LocalFrame frame;
     FuzzedDataProvider data{bytes, size};
-    switch (data.ConsumeIntegralInRange(0, 3)) {
-        case 0:
-            text(data);
-            break;
-        case 1:
-            bytesOfThePlatform(data);
-            break;
-        case 2:
-            tree(data);
-            break;
-        default:
-            attributes(data);
-    }
+    data.PickValueInArray({&text, &bytesOfThePlatform, &tree, &attributes})(data);
     platform::mocks().clear();
-    env->PopLocalFrame(nullptr);
     return 0;
 }
