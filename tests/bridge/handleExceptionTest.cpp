@@ -53,14 +53,13 @@ TEST_F(HandleExceptionTest, GivesAConfigChangeExceptionItsListInOrder) {
     EXPECT_CALL(mock<LogMock>(), line(3, "ConfigChangeException caught in libtalvern JNI: change failed"))
         .Times(2);
 
-    for (const std::vector<std::string>& texts : {std::vector<std::string>{}, {"a", "", "b"}}) {
+    for (const Texts& texts : {Texts{}, Texts{"a", "", "b"}}) {
         EXPECT_TRUE(handle(ofConfigChange, ConfigChangeException{7, "t", texts}));
         jthrowable thrown = env->ExceptionOccurred();
         EXPECT_EQ(takeException(env), "com.kvo.talvern.config.ConfigChangeException: t");
-        jclass javaClass = env->GetObjectClass(thrown);
-        EXPECT_EQ(env->CallIntMethod(thrown, env->GetMethodID(javaClass, "getCode", "()I")), 7);
-        jobject details =
-            env->CallObjectMethod(thrown, env->GetMethodID(javaClass, "getDetails", "()Ljava/util/List;"));
+        jmethodID getCode = env->GetMethodID(env->GetObjectClass(thrown), "getCode", "()I");
+        EXPECT_EQ(env->CallIntMethod(thrown, getCode), 7);
+        jobject details = callMethod(thrown, "getDetails", "()Ljava/util/List;");
         EXPECT_EQ(describe(details), texts.empty() ? "[]" : "[a, , b]");
     }
 }
@@ -71,38 +70,25 @@ TEST_F(HandleExceptionTest, DiscardsThePendingExceptionForTheTranslatedOne) {
     EXPECT_TRUE(handle(ofStandard, std::runtime_error{"later"}));
     EXPECT_EQ(takeException(env), "com.kvo.talvern.TalvernException: later");
     // This JVM would let the new exception take the place of the old; others need not.
-    std::vector<std::string> functions;
-    for (const JniTable::Call& call : table.calls()) functions.emplace_back(call.function);
-    EXPECT_THAT(functions,
-                testing::ElementsAre("ExceptionDescribe", "ExceptionClear", "FindClass", "ThrowNew"));
-}
-
-TEST_F(HandleExceptionTest, LeavesTheLookupErrorWhereTheJavaClassIsMissing) {
-    const auto missing = [&](const char* className) {
-        table.restart();
-        table.hideClass(className);
-    };
-    missing("com/kvo/talvern/TalvernException");
-    EXPECT_FALSE(handle(ofStandard, std::runtime_error{"text"}));
-    EXPECT_EQ(takeException(env), "java.lang.NoClassDefFoundError: com/kvo/talvern/TalvernException");
-    missing("com/kvo/talvern/config/ValidationException");
-    EXPECT_FALSE(handle(ofValidation, ValidationException{"a", "b"}));
-    EXPECT_EQ(takeException(env),
-              "java.lang.NoClassDefFoundError: com/kvo/talvern/config/ValidationException");
-    missing("com/kvo/talvern/config/ConfigChangeException");
-    EXPECT_FALSE(handle(ofConfigChange, ConfigChangeException{1, "t", {}}));
-    EXPECT_EQ(takeException(env),
-              "java.lang.NoClassDefFoundError: com/kvo/talvern/config/ConfigChangeException");
+    const Texts steps{"ExceptionDescribe", "ExceptionClear", "FindClass", "ThrowNew"};
+    EXPECT_EQ(callsOf(steps), steps);
 }
 
 TEST_F(HandleExceptionTest, SaysThatItHasThrownNothingWhereTheJvmFails) {
-    for (const std::size_t call : {3, 4, 5}) {  // a lookup, a text, the exception
+    const std::string missing = "java.lang.NoClassDefFoundError: com/kvo/talvern/";
+    const auto expectNothing = [&](std::size_t failingCall, const auto& handleIt, const std::string& error) {
         table.restart();
-        table.failCall(call);
-        EXPECT_FALSE(handle(ofValidation, ValidationException{"a", "b"}));
-        EXPECT_THAT(takeException(env), testing::AnyOf("java.lang.NoSuchMethodError: <init>",
-                                                       "java.lang.OutOfMemoryError: planted"));
-    }
+        table.failCall(failingCall);
+        EXPECT_FALSE(handleIt());
+        EXPECT_EQ(takeException(env), error);
+    };
+    const auto validation = [&] { return handle(ofValidation, ValidationException{"a", "b"}); };
+    expectNothing(2, validation, missing + "config/ValidationException");
+    expectNothing(3, validation, "java.lang.NoSuchMethodError: <init>");
+    expectNothing(4, validation, "java.lang.OutOfMemoryError: planted");  // a text
+    expectNothing(6, validation, "java.lang.OutOfMemoryError: planted");  // the exception
+    const auto standard = [&] { return handle(ofStandard, std::runtime_error{"text"}); };
+    expectNothing(2, standard, missing + "TalvernException");
 }
 
 }  // namespace

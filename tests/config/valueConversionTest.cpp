@@ -1,3 +1,4 @@
+#include <functional>
 #include <map>
 #include <set>
 
@@ -8,73 +9,71 @@ using talvern::config::ArrayValue;
 using talvern::config::SimpleValue;
 using talvern::config::StructValue;
 using talvern::config::Value;
-using testing::_;
-using testing::DoAll;
-using testing::Return;
 
 namespace {
 
 class ValueConversionTest : public ConfigTest {
   protected:
     ValueConversionTest() {
-        ON_CALL(service(), updateObject)
-            .WillByDefault(
-                DoAll([this](auto&, auto&, auto&, const Value* value,
-                             bool) { service().tree.reset(value == nullptr ? nullptr : value->clone()); },
-                      Return(Code::OK)));
+        ON_CALL(service, updateObject).WillByDefault([&](auto&, auto&, auto&, const Value* value, bool) {
+            service.tree.reset(value == nullptr ? nullptr : value->clone());
+            return Code::OK;
+        });
     }
 
     /// Gives `value` to the platform, which keeps a copy.
-    void send(jobject value) { requestFor("_updateObject", value, true); }
+    void send(jobject value) { askFor("_updateObject", value, true); }
 
     /// What the platform gives back.
-    jobject fetch() { return requestFor("_queryObject").result.l; }
+    jobject fetch() { return request("_queryObject", "type", "parent", "name").result.l; }
 
-    static constexpr auto tooDeep =
-        "com.kvo.talvern.TalvernException: configuration value deeper than 1000 levels";
+    bool areEqual(jobject left, jobject right) {
+        jmethodID equals = env->GetMethodID(env->GetObjectClass(left), "equals", "(Ljava/lang/Object;)Z");
+        return env->CallBooleanMethod(left, equals, right) == JNI_TRUE;
+    }
 };
 
 TEST_F(ValueConversionTest, AnyTreeComesBackEqualInTheOrderOfItsKeys) {
     int trees = 0;
     for (jlong number = 0; number < 150; ++number) {
         SCOPED_TRACE(number);
-        env->PushLocalFrame(1000);
+        const LocalFrame frame;
         auto* pair =
             static_cast<jobjectArray>(values("random", "(J)[Lcom/kvo/talvern/config/Value;", number));
-        jobject sent = env->GetObjectArrayElement(pair, 0);
         jobject expected = env->GetObjectArrayElement(pair, 1);
-        if (sent != nullptr) {
-            ++trees;
-            send(sent);
-            jobject back = fetch();
-            EXPECT_TRUE(areEqual(back, expected));
-            EXPECT_EQ(describe(back), describe(expected));  // the order, which equality does not see
-        }
-        env->PopLocalFrame(nullptr);
+        if (expected == nullptr) continue;
+        ++trees;
+        send(env->GetObjectArrayElement(pair, 0));
+        jobject back = fetch();
+        EXPECT_TRUE(areEqual(expected, back));
+        EXPECT_EQ(describe(back), describe(expected));  // the order, which equality does not see
     }
     EXPECT_GT(trees, 75);
 }
 
 TEST_F(ValueConversionTest, CarriesEachFlagBothWays) {
     for (const bool mu : {false, true}) {
-        service().tree = std::make_unique<SimpleValue>("text", mu);
+        service.tree = std::make_unique<SimpleValue>("text", mu);
         jobject value = fetch();
-        service().tree = nullptr;
+        service.tree = nullptr;
         send(value);
-        ASSERT_NE(service().tree, nullptr);
-        EXPECT_EQ(service().tree->mu, mu);
-        EXPECT_EQ(dynamic_cast<SimpleValue*>(service().tree.get())->value, "text");
+        ASSERT_NE(service.tree, nullptr);
+        EXPECT_EQ(service.tree->mu, mu);
     }
 }
 
-TEST_F(ValueConversionTest, ANativeTreeThatContainsItselfEndsInAnException) {
+TEST_F(ValueConversionTest, ATreeThatContainsItselfEndsInAnException) {
+    const auto tooDeep = "com.kvo.talvern.TalvernException: configuration value deeper than 1000 levels";
     ArrayValue list{false};
     list.elements.push_back(&list);
-    EXPECT_CALL(service(), queryObject)
-        .WillOnce(DoAll([&](auto&, auto&, auto&, Value** value) { *value = &list; }, Return(Code::OK)));
+    EXPECT_CALL(service, queryObject)
+        .WillOnce(testing::DoAll(testing::SetArgPointee<3>(&list), testing::Return(Code::OK)));
     EXPECT_EQ(fetch(), nullptr);
     EXPECT_EQ(takeThrown(), tooDeep);
     list.elements.clear();
+    EXPECT_CALL(service, updateObject).Times(0);
+    send(values("inItself", "()Lcom/kvo/talvern/config/Value;"));
+    EXPECT_EQ(takeThrown(), tooDeep);
 }
 
 TEST_F(ValueConversionTest, SaysWhatIsWrongWithAJavaValue) {
@@ -90,7 +89,7 @@ TEST_F(ValueConversionTest, SaysWhatIsWrongWithAJavaValue) {
         {"null entry", ours + "null map entry"},
         {"null key", ours + "null value key"},
         {"number as key", ours + "value key that is not a string"}};
-    EXPECT_CALL(service(), updateObject).Times(0);
+    EXPECT_CALL(service, updateObject).Times(0);
     for (const auto& [fault, exception] : faults) {
         SCOPED_TRACE(fault);
         send(faulty(fault));
@@ -102,7 +101,7 @@ TEST_F(ValueConversionTest, GoesOnWhereAJavaMethodThrowsOutOfTurn) {
     // What has no counterpart is null; an exception of the value's own stays pending to the end.
     send(faulty("unknown kind"));
     EXPECT_EQ(describe(fetch()), "{first=good, second=null, third=good}");
-    EXPECT_CALL(service(), updateObject).Times(2);
+    EXPECT_CALL(service, updateObject).Times(2);
     send(faulty("throwing next"));
     EXPECT_EQ(takeThrown(), "java.lang.IllegalStateException: next");
     send(faulty("throwing flag"));
@@ -117,31 +116,26 @@ TEST_F(ValueConversionTest, ANativeValueOfUnknownKindIsNull) {
     };
     auto list = std::make_unique<ArrayValue>(false);
     list->add(std::make_unique<Unknown>());
-    service().tree = std::move(list);
+    service.tree = std::move(list);
     EXPECT_EQ(describe(fetch()), "[null]");
-    service().tree = std::make_unique<Unknown>();
+    service.tree = std::make_unique<Unknown>();
     EXPECT_EQ(fetch(), nullptr);
 }
 
 TEST_F(ValueConversionTest, LooksEachMemberUpOnceAndCallsInProportion) {
     const auto callsFor = [&](jint count) {
-        env->PushLocalFrame(1000);
+        const std::function<void()> ways[] = {[&] { send(large(count)); }, [&] { fetch(); }};
         std::size_t calls = 0;
-        for (const bool toJava : {false, true}) {
-            if (toJava) {
-                fetch();
-            } else {
-                send(large(count));
-            }
+        for (const auto& convert : ways) {
+            convert();
             calls += table.calls().size();
             std::set<std::string> lookups;
-            for (const JniTable::Call& call : table.calls()) {
-                const bool ofTheCode = call.detail.find("ReturnCode") != std::string::npos;
-                if (call.detail.empty() || ofTheCode) continue;
-                EXPECT_TRUE(lookups.insert(call.detail).second) << call.detail;
+            for (const JniTable::Call& made : table.calls()) {
+                const bool isOfTheCode = made.detail.find("ReturnCode") != std::string::npos;
+                if (made.detail.empty() || isOfTheCode) continue;
+                EXPECT_TRUE(lookups.insert(made.detail).second) << made.detail;
             }
         }
-        env->PopLocalFrame(nullptr);
         return calls;
     };
     const std::size_t small = callsFor(51), middle = callsFor(101), great = callsFor(201);
@@ -149,54 +143,35 @@ TEST_F(ValueConversionTest, LooksEachMemberUpOnceAndCallsInProportion) {
 }
 
 TEST_F(ValueConversionTest, RendersTheConvertedTree) {
-    EXPECT_CALL(service(), asXML).WillOnce([](const Value& value) {
+    EXPECT_CALL(service, asXML).WillOnce([](const Value& value) {
         return dynamic_cast<const StructValue&>(value).members.begin()->first;
     });
-    EXPECT_EQ(callOn(faulty("unknown kind"), "config/Value", "_asXML").resultText, "first");
+    EXPECT_EQ(callOn(faulty("unknown kind"), "_asXML").resultText, "first");
 }
 
 TEST_F(ValueConversionTest, GivesEachKeyBackAsSoonAsItsMemberIsStored) {
     table.restart();
-    callOn(large(2), "config/Value", "_asXML");
-    std::vector<std::string> expected;
-    for (int member = 0; member < 4; ++member) {
-        for (const char* function : {"GetStringUTFChars", "ReleaseStringUTFChars"}) {
-            expected.insert(expected.end(), 2, function);  // of the key and of its text
-        }
-    }
-    EXPECT_EQ(callsOf({"GetStringUTFChars", "ReleaseStringUTFChars"}), expected);
+    callOn(large(2), "_asXML");
+    const auto take = "GetStringUTFChars", release = "ReleaseStringUTFChars";
+    const Texts one{take, take, release, release};  // of the key and of its text
+    Texts expected;
+    for (int member = 0; member < 4; ++member) expected.insert(expected.end(), one.begin(), one.end());
+    EXPECT_EQ(callsOf({take, release}), expected);
 }
 
 TEST_F(ValueConversionTest, RefusesToRenderAValueOfUnknownKind) {
-    EXPECT_CALL(service(), asXML).Times(0);
+    EXPECT_CALL(service, asXML).Times(0);
     EXPECT_CALL(mock<LogMock>(), line).Times(0);
-    EXPECT_EQ(callOn(unknown(), "config/Value", "_asXML").resultText, "null");
+    EXPECT_EQ(callOn(unknown(), "_asXML").resultText, "null");
     EXPECT_EQ(takeThrown(), "com.kvo.talvern.TalvernException: value could not be converted");
 }
 
 using LargeValueConversionTest = ValueConversionTest;
 
-TEST_F(LargeValueConversionTest, RefusesTreesDeeperThanAThousandLevels) {
-    send(nested(1000));
-    EXPECT_EQ(takeThrown(), "");
-    EXPECT_TRUE(areEqual(fetch(), nested(1000)));
-    auto deeper = std::make_unique<ArrayValue>(false);
-    deeper->add(std::move(service().tree));
-    service().tree = std::move(deeper);
-    EXPECT_EQ(fetch(), nullptr);
-    EXPECT_EQ(takeThrown(), tooDeep);
-
-    EXPECT_CALL(service(), updateObject).Times(0);
-    for (jobject value : {nested(1001), values("inItself", "()Lcom/kvo/talvern/config/Value;")}) {
-        send(value);
-        EXPECT_EQ(takeThrown(), tooDeep);
-    }
-}
-
 TEST_F(LargeValueConversionTest, AHundredThousandValuesGoBothWays) {
     jobject value = large(100'001);
     send(value);
-    EXPECT_TRUE(areEqual(fetch(), value));
+    EXPECT_TRUE(areEqual(value, fetch()));
 }
 
 }  // namespace

@@ -7,10 +7,8 @@
 
 #include "bridge/signature.h"
 #include "config/value.h"
-#include "mocks/configService.h"
-#include "mocks/ethernetInterfaces.h"
-#include "mocks/mock.h"
-#include "mocks/nodeName.h"
+#include "mocks/config.h"
+#include "mocks/network.h"
 #include "support/jvm.h"
 #include "support/natives.h"
 
@@ -39,11 +37,6 @@ jstring anyText(FuzzedDataProvider& data) {
     std::u16string text;
     for (std::size_t i = 0; i < length; ++i) text.push_back(data.ConsumeIntegral<char16_t>());
     return env->NewString(reinterpret_cast<const jchar*>(text.data()), static_cast<jsize>(text.size()));
-}
-
-jobject newObject(const char* className, const char* signature, auto... arguments) {
-    jclass javaClass = env->FindClass(className);
-    return env->NewObject(javaClass, env->GetMethodID(javaClass, "<init>", signature), arguments...);
 }
 
 jobject anyTree(FuzzedDataProvider& data, int levels) {
@@ -77,16 +70,14 @@ void text(FuzzedDataProvider& data) {
         .WillByDefault(testing::DoAll(testing::SaveArg<0>(&name), testing::Return(0)));
     ON_CALL(mock<NodeNameMock>(), get).WillByDefault([&] { return name; });
     jstring in = anyText(data);
-    require(invoke(bridgeNative("appliance/NodeName", "_setNodeName"), {toJvalue(in)}).exception.empty(),
-            "refused");
-    require(areEqual(in, invoke(bridgeNative("appliance/NodeName", "_getNodeName"), {}).result.l),
-            "another text");
+    require(invoke(bridgeNative("_setNodeName"), {toJvalue(in)}).exception.empty(), "refused");
+    require(areEqual(in, invoke(bridgeNative("_getNodeName"), {}).result.l), "another text");
 }
 
 void bytesOfThePlatform(FuzzedDataProvider& data) {
     const std::string bytes = data.ConsumeRandomLengthString();
     ON_CALL(mock<NodeNameMock>(), get).WillByDefault(testing::Return(bytes));
-    invoke(bridgeNative("appliance/NodeName", "_getNodeName"), {});
+    invoke(bridgeNative("_getNodeName"), {});
 }
 
 void tree(FuzzedDataProvider& data) {
@@ -107,10 +98,8 @@ void tree(FuzzedDataProvider& data) {
                                  toJvalue(javaString("n"))};
     std::vector<jvalue> update = id;
     update.insert(update.end(), {toJvalue(in), toJvalue(false)});
-    require(invoke(bridgeNative("config/ServiceUtils", "_updateObject"), update).exception.empty(),
-            "refused");
-    require(areEqual(in, invoke(bridgeNative("config/ServiceUtils", "_queryObject"), id).result.l),
-            "another tree");
+    require(invoke(bridgeNative("_updateObject"), update).exception.empty(), "refused");
+    require(areEqual(in, invoke(bridgeNative("_queryObject"), id).result.l), "another tree");
 }
 
 void attributes(FuzzedDataProvider& data) {
@@ -135,10 +124,8 @@ void attributes(FuzzedDataProvider& data) {
         env->SetObjectArrayElement(values, i, value);
         env->CallObjectMethod(expected, put, key, value);
     }
-    const std::string javaClass = "appliance/EthernetInterfaces";
-    invoke(bridgeNative(javaClass, "_setEthernetInterface"), {toJvalue(keys), toJvalue(values)});
-    const Outcome outcome =
-        invoke(bridgeNative(javaClass, "_getEthernetInterface"), {toJvalue(javaString("eth0"))});
+    invoke(bridgeNative("_setEthernetInterface"), {toJvalue(keys), toJvalue(values)});
+    const Outcome outcome = invoke(bridgeNative("_getEthernetInterface"), {toJvalue(javaString("eth0"))});
     require(areEqual(expected, outcome.result.l), "other attributes");
 }
 
@@ -159,10 +146,9 @@ extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size);
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-    env->PushLocalFrame(1000);
+    const LocalFrame frame;
     FuzzedDataProvider data{bytes, size};
     data.PickValueInArray({&text, &bytesOfThePlatform, &tree, &attributes})(data);
     platform::mocks().clear();
-    env->PopLocalFrame(nullptr);
     return 0;
 }

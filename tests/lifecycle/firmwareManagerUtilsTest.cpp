@@ -1,34 +1,29 @@
-#include <algorithm>
 #include <climits>
 #include <dlfcn.h>
 #include <functional>
 #include <semaphore>
-#include <stdexcept>
 #include <thread>
 #include <unistd.h>
 
-#include "mocks/firmwareManagerUtils.h"
+#include "mocks/lifecycle.h"
 #include "support/bridgeTest.h"
 
 using talvern::firmwareManagerUtils::UpgradeCallback;
+using testing::DoAll;
 using testing::ElementsAre;
 using testing::ExitedWithCode;
 using testing::IsEmpty;
 using testing::Return;
+using testing::SaveArg;
 using testing::Throw;
 
-namespace {
-
-std::function<unsigned(unsigned)> onSleep;
-
-}  // namespace
+static std::function<unsigned(unsigned)> onSleep;
 
 /// Takes the place of the C library's in the bridge, too, so that no test waits.
 extern "C" unsigned sleep(unsigned seconds) { return onSleep ? onSleep(seconds) : 0; }
 
 namespace {
 
-constexpr auto javaClass = "firmwaremanager/FirmwareManagerUtils";
 constexpr auto callbackInterface = "com/kvo/talvern/firmwaremanager/FirmwareManagerUtils$UpgradeCallback";
 constexpr auto codeClass = "com/kvo/talvern/firmwaremanager/UpgradeCode";
 
@@ -50,11 +45,7 @@ class FirmwareTest : public BridgeTest {
     FirmwareTest() {
         forget();
         onSleep = nullptr;
-        ON_CALL(mock<FirmwareManagerMock>(), upgrade)
-            .WillByDefault([&](const std::string&, bool, bool, UpgradeCallback* callback) {
-                received = callback;
-                return 0;
-            });
+        ON_CALL(firmware, upgrade).WillByDefault(DoAll(SaveArg<3>(&received), Return(0)));
     }
 
     /// Brings the bridge back to what it was when it was loaded.
@@ -67,32 +58,27 @@ class FirmwareTest : public BridgeTest {
     }
 
     jint upgrade(jobject callback) {
-        jstring image = javaString("image");
-        return call(javaClass, "_upgradeFirmware", image, JNI_TRUE, JNI_FALSE, callback).result.i;
+        return call("_upgradeFirmware", "image", true, false, callback).result.i;
     }
 
     void report(int done, FwUpgradeCode code = FwUpgradeCode::verifying) {
         received->progress(done, 2, code);
     }
 
-    jobject newCallback(const std::string& kind = "") {
-        jclass found = env->FindClass(("com/kvo/talvern/testing/RecordingCallback" + kind).c_str());
-        return env->NewObject(found, env->GetMethodID(found, "<init>", "()V"));
+    static jobject newCallback(const std::string& kind = "") {
+        return newObject("com/kvo/talvern/testing/RecordingCallback" + kind);
     }
 
     /// What the bridge has done about references and the JVM since the last call.
-    std::vector<std::string> stateCalls() {
-        std::vector<std::string> names;
-        for (const JniTable::Call& made : table.calls()) {
-            const std::string name{made.function};
-            if (name == "GetJavaVM" || name.ends_with("GlobalRef")) names.push_back(name);
-        }
+    Texts stateCalls() {
+        const Texts names = callsOf({"GetJavaVM", "NewGlobalRef", "DeleteGlobalRef"});
         table.restart();
         return names;
     }
 
     bool isRegistered(jobject callback) { return env->IsSameObject(registered, callback) == JNI_TRUE; }
 
+    FirmwareManagerMock& firmware = mock<FirmwareManagerMock>();
     JavaVM*& vm = bridgeVariable<JavaVM*>("g_vm");
     jobject& registered = bridgeVariable<jobject>("sJCallback");
     UpgradeCallback*& native = bridgeVariable<UpgradeCallback*>("sFwCallback");
@@ -100,25 +86,22 @@ class FirmwareTest : public BridgeTest {
 };
 
 TEST_F(FirmwareTest, PassesTheAnswersOfTheSimpleOperationsOn) {
-    FirmwareManagerMock& platform = mock<FirmwareManagerMock>();
-    for (const auto& [answer, rollbackResult] : {std::pair{0, 0}, {1, 1}, {5, 1}, {-1, 1}}) {
-        EXPECT_CALL(platform, rollback).WillOnce(Return(answer));
-        EXPECT_CALL(platform, deletePrevious).WillOnce(Return(answer));
-        EXPECT_CALL(platform, reflash("image")).WillOnce(Return(answer));
-        EXPECT_EQ(call(javaClass, "_rollbackFirmware").result.i, rollbackResult);
-        EXPECT_EQ(call(javaClass, "_deletePreviousFirmware").result.i, answer);
-        EXPECT_EQ(call(javaClass, "_reflashFirmware", javaString("image")).result.i, answer);
-    }
-    for (const bool answer : {true, false}) {
-        EXPECT_CALL(platform, isReleaseKeyed).WillOnce(Return(answer));
-        EXPECT_EQ(call(javaClass, "_isReleaseKeyed").resultText, answer ? "true" : "false");
+    for (const int answer : {0, 1, 5, -1}) {
+        EXPECT_CALL(firmware, rollback).WillOnce(Return(answer));
+        EXPECT_CALL(firmware, deletePrevious).WillOnce(Return(answer));
+        EXPECT_CALL(firmware, reflash("image")).WillOnce(Return(answer));
+        EXPECT_CALL(firmware, isReleaseKeyed).WillOnce(Return(answer == 0));
+        EXPECT_EQ(call("_rollbackFirmware").result.i, answer == 0 ? 0 : 1);
+        EXPECT_EQ(call("_deletePreviousFirmware").result.i, answer);
+        EXPECT_EQ(call("_reflashFirmware", "image").result.i, answer);
+        EXPECT_EQ(call("_isReleaseKeyed").result.z, answer == 0);
     }
 }
 
 TEST_F(FirmwareTest, TakesAnyByteButZeroForATrueFlag) {
     for (const auto& [first, second] : {std::pair<jboolean, jboolean>{0, 1}, {2, 0}, {0, 128}}) {
-        EXPECT_CALL(mock<FirmwareManagerMock>(), upgrade("image", first != 0, second != 0, nullptr));
-        call(javaClass, "_upgradeFirmware", javaString("image"), first, second, jobject{});
+        EXPECT_CALL(firmware, upgrade("image", first != 0, second != 0, nullptr));
+        call("_upgradeFirmware", "image", first, second, jobject{});
     }
 }
 
@@ -129,7 +112,7 @@ TEST_F(FirmwareTest, WaitsThreeSecondsAfterEveryAnswerButNotAfterAnException) {
         slept.push_back(seconds);
         return slept.size() == 1 ? 2U : 0U;  // the first time, a signal wakes the thread
     };
-    EXPECT_CALL(mock<FirmwareManagerMock>(), upgrade)
+    EXPECT_CALL(firmware, upgrade)
         .WillOnce(Return(0))
         .WillOnce(Return(7))
         .WillOnce(Throw(std::runtime_error{"planted"}));
@@ -146,33 +129,26 @@ TEST_F(FirmwareTest, KeepsOneNativeCallbackAndTheLatestJavaCallback) {
     EXPECT_THAT(stateCalls(), IsEmpty());
 
     jobject first = newCallback();
+    table.failCall(1);  // after the characters of the image
+    EXPECT_EQ(upgrade(first), 0);
+    EXPECT_TRUE(received == nullptr && vm == nullptr && isRegistered(first) && native == nullptr);
+    EXPECT_THAT(stateCalls(), ElementsAre("GetJavaVM", "NewGlobalRef"));
+
     upgrade(first);
     UpgradeCallback* const only = received;
-    EXPECT_TRUE(only != nullptr && native == only && vm != nullptr && isRegistered(first));
-    EXPECT_THAT(stateCalls(), ElementsAre("GetJavaVM", "NewGlobalRef"));
+    EXPECT_TRUE(only != nullptr && vm != nullptr && isRegistered(first) && native == only);
+    EXPECT_THAT(stateCalls(), ElementsAre("GetJavaVM", "DeleteGlobalRef", "NewGlobalRef"));
 
     jobject second = newCallback();
     upgrade(second);
-    EXPECT_TRUE(received == only && native == only && isRegistered(second));
+    EXPECT_TRUE(received == only && isRegistered(second) && native == only);
     EXPECT_THAT(stateCalls(), ElementsAre("DeleteGlobalRef", "NewGlobalRef"));
 
-    received = nullptr;
     upgrade(nullptr);
-    EXPECT_TRUE(received == only && native == only && isRegistered(second));
+    EXPECT_TRUE(received == only && isRegistered(second) && native == only);
     EXPECT_THAT(stateCalls(), IsEmpty());
     received->progress(40, 100, FwUpgradeCode::writing);
     EXPECT_EQ(describe(first) + describe(second), "[][40/100 WRITING]");
-}
-
-TEST_F(FirmwareTest, AsksForTheJvmAgainAfterARefusal) {
-    jobject callback = newCallback();
-    table.restart();
-    table.failCall(1);  // after the characters of the image
-    EXPECT_EQ(upgrade(callback), 0);
-    EXPECT_THAT(stateCalls(), ElementsAre("GetJavaVM", "NewGlobalRef"));
-    EXPECT_TRUE(received == nullptr && native == nullptr && vm == nullptr && isRegistered(callback));
-    upgrade(callback);
-    EXPECT_TRUE(received != nullptr && native == received && vm != nullptr);
 }
 
 TEST_F(FirmwareTest, DropsReportsThatNobodyCanReceive) {
@@ -221,10 +197,8 @@ TEST_F(FirmwareTest, LetsACallbackStartAnotherUpgrade) {
 }
 
 TEST_F(FirmwareTest, FindsTheClassesThatOnlyTheCallbackKnows) {
-    jclass recording = env->FindClass("com/kvo/talvern/testing/RecordingCallback");
-    jmethodID fromHiddenClasses =
-        env->GetStaticMethodID(recording, "fromHiddenClasses", "()Ljava/lang/Object;");
-    jobject hiddenCallback = env->CallStaticObjectMethod(recording, fromHiddenClasses);
+    jobject hiddenCallback =
+        callStatic("com/kvo/talvern/testing/RecordingCallback", "fromHiddenClasses", "()Ljava/lang/Object;");
     upgrade(hiddenCallback);
     for (const auto& [where, run] : bothKindsOfThread) run([&] { report(1); });
     EXPECT_EQ(describe(hiddenCallback), "[1/2 VERIFYING, 1/2 VERIFYING]");
@@ -280,81 +254,27 @@ TEST_F(FirmwareTest, DropsAReportWhenAnyCallFails) {
 
 TEST_F(FirmwareTest, RunsTwoUpgradesAtOnce) {
     constexpr int upgrades = 300;
-    ON_CALL(mock<FirmwareManagerMock>(), upgrade)
-        .WillByDefault([](const std::string&, bool, bool, UpgradeCallback* target) {
-            const auto progress = [&] { target->progress(1, 2, FwUpgradeCode::verifying); };
-            progress();
-            onPlatformThread(progress);
-            return 0;
-        });
-    std::vector<jobject> callbacks{env->NewGlobalRef(newCallback()), env->NewGlobalRef(newCallback())};
-    std::vector<std::thread> threads;
-    for (jobject callback : callbacks) {
-        threads.emplace_back([callback, &method = bridgeNative(javaClass, "_upgradeFirmware")] {
-            javaEnv()->PushLocalFrame(10 * upgrades);
-            const std::vector<jvalue> arguments{toJvalue(javaString("image")), {}, {}, toJvalue(callback)};
-            for (int i = 0; i < upgrades; ++i) EXPECT_EQ(invoke(method, arguments).exception, "");
-            javaEnv()->PopLocalFrame(nullptr);
-            bridgeVariable<JavaVM*>("g_vm")->DetachCurrentThread();
-        });
-    }
-    for (std::thread& thread : threads) thread.join();
-    const std::string reports = describe(callbacks[0]) + describe(callbacks[1]);
-    EXPECT_EQ(std::count(reports.begin(), reports.end(), '/'), 2 * 2 * upgrades);
-    for (jobject callback : callbacks) env->DeleteGlobalRef(callback);
-}
-
-TEST_F(FirmwareTest, LeavesNothingBehind) {
-    const auto threadCount = [&] {
-        jclass threadClass = env->FindClass("java/lang/Thread");
-        return env->CallStaticIntMethod(threadClass,
-                                        env->GetStaticMethodID(threadClass, "activeCount", "()I"));
-    };
-    const auto isAlive = [&](jweak callback) { return env->IsSameObject(callback, nullptr) == JNI_FALSE; };
-
-    // One platform thread for all upgrades, whose local references live until it ends, and one for each.
-    const jint threadsBefore = threadCount();
-    struct LastWord {
-        std::function<void()> say;
-        ~LastWord() { say(); }
-    };
-    upgrade(newCallback());
-    onPlatformThread([&] {
-        thread_local LastWord last{[&] { report(2); }};  // comes after all that this report has set up
-        report(1);
+    ON_CALL(firmware, upgrade).WillByDefault([](const std::string&, bool, bool, UpgradeCallback* target) {
+        const auto progress = [&] { target->progress(1, 2, FwUpgradeCode::verifying); };
+        progress();
+        onPlatformThread(progress);
+        return 0;
     });
-    EXPECT_EQ(threadCount(), threadsBefore);
-    std::binary_semaphore reportIsDue{0}, reportIsMade{0};
-    bool isOver = false;
-    std::thread longLived{[&] {
-        for (reportIsDue.acquire(); !isOver; reportIsDue.acquire()) {
-            report(1);
-            reportIsMade.release();
-        }
+    const std::vector<jobject> callbacks{env->NewGlobalRef(newCallback()), env->NewGlobalRef(newCallback())};
+    const auto run = [&method = bridgeNative("_upgradeFirmware")](jobject callback) {
+        const LocalFrame frame;
+        const std::vector<jvalue> arguments{toJvalue(javaString("image")), {}, {}, toJvalue(callback)};
+        for (int i = 0; i < upgrades; ++i) EXPECT_EQ(invoke(method, arguments).exception, "");
+    };
+    std::thread other{[&] {
+        run(callbacks[1]);
+        vm->DetachCurrentThread();
     }};
-    std::vector<jweak> callbacks;
-    for (int i = 0; i < 1000; ++i) {
-        env->PushLocalFrame(100);
-        jobject callback = newCallback();
-        callbacks.push_back(env->NewWeakGlobalRef(callback));
-        upgrade(callback);
-        reportIsDue.release();
-        reportIsMade.acquire();
-        onPlatformThread([&] { report(2); });
-        EXPECT_EQ(describe(callback), "[1/2 VERIFYING, 2/2 VERIFYING]");
-        env->PopLocalFrame(nullptr);
-    }
-    EXPECT_EQ(threadCount(), threadsBefore + 1);
-    jclass systemClass = env->FindClass("java/lang/System");
-    env->CallStaticVoidMethod(systemClass, env->GetStaticMethodID(systemClass, "gc", "()V"));
-    EXPECT_EQ(std::count_if(callbacks.begin(), callbacks.end(), isAlive), 1);
-    EXPECT_TRUE(isAlive(callbacks.back())) << "the one that is registered";
-
-    isOver = true;
-    reportIsDue.release();
-    longLived.join();
-    EXPECT_EQ(threadCount(), threadsBefore);
-    for (jweak callback : callbacks) env->DeleteWeakGlobalRef(callback);
+    run(callbacks[0]);
+    other.join();
+    const std::string reports = describe(callbacks[0]) + describe(callbacks[1]);
+    EXPECT_EQ(std::ranges::count(reports, '/'), 2 * 2 * upgrades);
+    for (jobject callback : callbacks) env->DeleteGlobalRef(callback);
 }
 
 /// A platform that waits for its thread when it is destroyed. The thread reports once before and once after
@@ -381,11 +301,48 @@ class WaitingPlatform {
     std::thread thread_;
 };
 
-class FirmwareDeathTest : public FirmwareTest {
-  protected:
-    FirmwareDeathTest() { testing::FLAGS_gtest_death_test_style = "threadsafe"; }
+TEST_F(FirmwareTest, LeavesNothingBehind) {
+    const auto threadCount = [&] {
+        jclass threadClass = env->FindClass("java/lang/Thread");
+        jmethodID activeCount = env->GetStaticMethodID(threadClass, "activeCount", "()I");
+        return env->CallStaticIntMethod(threadClass, activeCount);
+    };
+    const jint threadsBefore = threadCount();
+    struct LastWord {
+        std::function<void()> say;
+        ~LastWord() { say(); }
+    };
+    upgrade(newCallback());
+    onPlatformThread([&] { report(1); });
+    onPlatformThread([&] {
+        thread_local LastWord last{[&] { report(2); }};  // comes after all that this report has set up
+        report(1);
+    });
+    EXPECT_EQ(threadCount(), threadsBefore);
+    {
+        WaitingPlatform platform;
+        env->PushLocalFrame(100);
+        jobject callback = newCallback();
+        jweak reference = env->NewWeakGlobalRef(callback);
+        upgrade(callback);
+        platform.reportTo(received);
+        EXPECT_EQ(describe(callback), "[1/2 VERIFYING]");
+        EXPECT_EQ(threadCount(), threadsBefore + 1);
+        env->PopLocalFrame(nullptr);
+        upgrade(newCallback());
+        jclass systemClass = env->FindClass("java/lang/System");
+        env->CallStaticVoidMethod(systemClass, env->GetStaticMethodID(systemClass, "gc", "()V"));
+        EXPECT_TRUE(env->IsSameObject(reference, nullptr)) << "the replaced callback is kept alive";
+        env->DeleteWeakGlobalRef(reference);
+    }
+    EXPECT_EQ(threadCount(), threadsBefore);
+}
 
-    void endJvm() {
+using FirmwareDeathTest = FirmwareTest;
+
+TEST_F(FirmwareDeathTest, LetsThreadsEndAfterTheJvm) {
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    const auto endJvm = [&] {
         alarm(60);
         upgrade(newCallback());
         {
@@ -394,9 +351,8 @@ class FirmwareDeathTest : public FirmwareTest {
             vm->DestroyJavaVM();
         }
         std::_Exit(0);
-    }
-
-    void endProcess() {
+    };
+    const auto endProcess = [&] {
         alarm(60);
         upgrade(newCallback());
         static WaitingPlatform platform;
@@ -404,10 +360,7 @@ class FirmwareDeathTest : public FirmwareTest {
         platform::mocks().clear();
         jclass systemClass = env->FindClass("java/lang/System");
         env->CallStaticVoidMethod(systemClass, env->GetStaticMethodID(systemClass, "exit", "(I)V"), 0);
-    }
-};
-
-TEST_F(FirmwareDeathTest, LetsThreadsEndAfterTheJvm) {
+    };
     EXPECT_EXIT(endJvm(), ExitedWithCode(0), "");
     EXPECT_EXIT(endProcess(), ExitedWithCode(0), "");
 }

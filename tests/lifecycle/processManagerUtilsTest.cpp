@@ -1,32 +1,31 @@
+#include "mocks/lifecycle.h"
 #include "mocks/log.h"
-#include "mocks/processManagerUtils.h"
 #include "support/bridgeTest.h"
 
 using talvern::processManagerUtils::PlatformLogLevel;
-using testing::DoAll;
 using testing::Return;
-using testing::SetArgReferee;
 using testing::StrEq;
 
 namespace {
 
-constexpr auto javaClass = "processmanager/ProcessManagerUtils";
-
 class ProcessManagerTest : public BridgeTest {
   protected:
-    Outcome levelOf(int level, int status) {
-        EXPECT_CALL(mock<ProcessManagerMock>(), getPlatformLogLevel)
-            .WillOnce(DoAll(SetArgReferee<0>(PlatformLogLevel{level}), Return(status)));
-        return call(javaClass, "_getPlatformLogLevel");
+    std::string levelOf(int level, int status = 0) {
+        EXPECT_CALL(manager, getPlatformLogLevel).WillOnce(deliver(PlatformLogLevel{level}, status));
+        return ask("_getPlatformLogLevel");
     }
+
+    ProcessManagerMock& manager = mock<ProcessManagerMock>();
 };
 
 TEST_F(ProcessManagerTest, NamesTheLevelOfThePlatformsNumber) {
-    const char* const names[] = {"EMERGENCY", "ALERT",  "CRITICAL", "ERROR",
-                                 "WARNING",   "NOTICE", "INFO",     "DEBUG"};
-    for (int level = 0; level < 8; ++level) EXPECT_EQ(levelOf(level, 0).resultText, names[level]);
-    for (const int level : {8, -1}) {
-        EXPECT_EQ(levelOf(level, 0).resultText, "null");
+    int level = 0;
+    for (const char* name :
+         {"EMERGENCY", "ALERT", "CRITICAL", "ERROR", "WARNING", "NOTICE", "INFO", "DEBUG"}) {
+        EXPECT_EQ(levelOf(level++), name);
+    }
+    for (const int unknown : {8, -1}) {
+        EXPECT_EQ(levelOf(unknown), "null");
         EXPECT_THAT(takeThrown(), testing::StartsWith("java.lang.ArrayIndexOutOfBoundsException: "));
     }
 }
@@ -34,48 +33,43 @@ TEST_F(ProcessManagerTest, NamesTheLevelOfThePlatformsNumber) {
 TEST_F(ProcessManagerTest, ThrowsTheUnknownExceptionWhenTheLevelCannotBeRead) {
     EXPECT_CALL(mock<LogMock>(), line(3, StrEq("Unknown exception caught in libtalvern JNI"))).Times(2);
     for (const int status : {1, -1}) {
-        EXPECT_EQ(levelOf(2, status).resultText, "null");
+        EXPECT_EQ(levelOf(2, status), "null");
         EXPECT_EQ(takeThrown(), "com.kvo.talvern.TalvernException: Unknown native exception");
     }
 }
 
 TEST_F(ProcessManagerTest, DoesNotAskThePlatformForALevelThatJavaCannotHold) {
     table.hideClass("com/kvo/talvern/processmanager/ProcessManagerUtils$PlatformLogLevel");
-    EXPECT_CALL(mock<ProcessManagerMock>(), getPlatformLogLevel).Times(0);
-    call(javaClass, "_getPlatformLogLevel");
+    EXPECT_CALL(manager, getPlatformLogLevel).Times(0);
+    call("_getPlatformLogLevel");
     EXPECT_THAT(takeThrown(), testing::StartsWith("java.lang.NoClassDefFoundError: "));
 }
 
 TEST_F(ProcessManagerTest, PassesNumbersOnBitForBit) {
-    EXPECT_CALL(mock<ProcessManagerMock>(), getPlatformTraceMask).WillOnce(Return(0x80000001));
-    EXPECT_EQ(call(javaClass, "_getPlatformTraceMask").result.i, -0x7fffffff);
-
-    EXPECT_CALL(mock<ProcessManagerMock>(), distributeLogging(4294967295U, 5));
-    call(javaClass, "_distributeLogging", jint{-1}, jint{5});
-
-    for (const int answer : {0, 4, 7, -1}) {
-        EXPECT_CALL(mock<ProcessManagerMock>(), requestReboot).WillOnce(Return(answer));
-        EXPECT_CALL(mock<ProcessManagerMock>(), requestShutdown).WillOnce(Return(-answer));
-        EXPECT_EQ(call(javaClass, "_requestReboot").result.i, answer);
-        EXPECT_EQ(call(javaClass, "_requestShutdown").result.i, -answer);
-    }
+    EXPECT_CALL(manager, getPlatformTraceMask).WillOnce(Return(0x80000001));
+    EXPECT_EQ(call("_getPlatformTraceMask").result.i, -0x7fffffff);
+    EXPECT_CALL(manager, distributeLogging(4294967295U, 5));
+    call("_distributeLogging", -1, 5);
+    EXPECT_CALL(manager, requestReboot).WillOnce(Return(7));
+    EXPECT_CALL(manager, requestShutdown).WillOnce(Return(-1));
+    EXPECT_EQ(call("_requestReboot").result.i, 7);
+    EXPECT_EQ(call("_requestShutdown").result.i, -1);
 }
 
 TEST_F(ProcessManagerTest, ReportsAnyStatusButZeroAsFalse) {
-    for (const auto& [status, answer] : {std::pair{0, "true"}, {7, "false"}, {-1, "false"}}) {
-        EXPECT_CALL(mock<ProcessManagerMock>(), setPlatformLogLevel(PlatformLogLevel{11}))
-            .WillOnce(Return(status));
-        EXPECT_CALL(mock<ProcessManagerMock>(), signalApplicationIsUnhealthy("web")).WillOnce(Return(status));
-        EXPECT_CALL(mock<ProcessManagerMock>(), signalIAmReady("gui", false)).WillOnce(Return(status));
-        EXPECT_EQ(call(javaClass, "_setPlatformLogLevel", jint{11}).resultText, answer);
-        EXPECT_EQ(call(javaClass, "_signalProcessIsUnhealthy", javaString("web")).resultText, answer);
-        EXPECT_EQ(call(javaClass, "_signalProcessIsReady", javaString("gui")).resultText, answer);
+    for (const int status : {0, 7, -1}) {
+        EXPECT_CALL(manager, setPlatformLogLevel(PlatformLogLevel{11})).WillOnce(Return(status));
+        EXPECT_CALL(manager, signalApplicationIsUnhealthy("web")).WillOnce(Return(status));
+        EXPECT_CALL(manager, signalIAmReady("gui", false)).WillOnce(Return(status));
+        EXPECT_EQ(call("_setPlatformLogLevel", 11).result.z, status == 0);
+        EXPECT_EQ(call("_signalProcessIsUnhealthy", "web").result.z, status == 0);
+        EXPECT_EQ(call("_signalProcessIsReady", "gui").result.z, status == 0);
     }
 }
 
 TEST_F(ProcessManagerTest, InitialisesLoggingUnderTheName) {
     EXPECT_CALL(mock<LogMock>(), init(StrEq("console")));
-    call("core/TalvernCore", "_initLogging", javaString("console"));
+    call("_initLogging", "console");
 }
 
 }  // namespace

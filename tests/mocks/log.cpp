@@ -3,14 +3,12 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
-#include <memory>
 
-#include "mocks/mock.h"
 #include "platform/log.h"
 
 namespace talvern::log {
 
-void init(const char* name) { platform::operation(&LogMock::init, name); }
+void init(const char* name) { operation(&LogMock::init, name); }
 
 void trace(unsigned level, const char* format, ...) {
     const UncountedAllocations uncounted;

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <gmock/gmock.h>
-#include <string>
+#include "mocks/mock.h"
 
 struct LogMock {
     MOCK_METHOD(void, init, (const char*));

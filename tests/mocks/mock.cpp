@@ -10,7 +10,7 @@ namespace platform {
 
 namespace {
 
-std::recursive_mutex mutex;  // a mock's constructor may ask for another mock
+std::mutex mutex;
 std::map<const void*, std::shared_ptr<void>> all;
 std::atomic<std::size_t> operations;
 
@@ -24,6 +24,11 @@ Mocks& mocks() {
 void makeHostile(std::string& text, Hostility hostility) {
     if (hostility == Hostility::empty) text.clear();
     if (hostility == Hostility::huge) text.assign(10'000'000, 'x');
+}
+
+Mocks::Mocks() {
+    testing::DefaultValue<std::string>::Set("text");
+    testing::DefaultValue<Texts>::Set({"one", "two"});
 }
 
 void* Mocks::find(const void* key, const std::function<std::shared_ptr<void>()>& create) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <gmock/gmock.h>
 #include <limits>
@@ -13,7 +13,9 @@
 #include "support/allocation.h"
 
 // The platform as the tests see it: a mock object per namespace, behind the functions that the bridge is
-// linked with. Each mock's constructor sets plausible answers, with data in every list.
+// linked with. All answers are plausible without an expectation, with data in every list.
+
+using Texts = std::vector<std::string>;
 
 namespace platform {
 
@@ -62,6 +64,9 @@ void makeHostile(std::vector<Element>& list, Hostility hostility) {
 /// What stands behind all mocks of one test.
 class Mocks {
   public:
+    /// Sets what is answered where neither a test nor a mock says anything.
+    Mocks();
+
     /// The current test's mock of type `Mock`, created when it is first asked for.
     template <typename Mock>
     testing::NiceMock<Mock>& get() {
@@ -91,16 +96,24 @@ class Mocks {
 
 Mocks& mocks();
 
+}  // namespace platform
+
+/// The current test's mock of type `Mock`.
+template <typename Mock>
+testing::NiceMock<Mock>& mock() {
+    return platform::mocks().get<Mock>();
+}
+
 /// One operation of the platform: what the current test's mock answers.
 template <typename Mock, typename Result, typename... Parameters, typename... Arguments>
 Result operation(Result (Mock::*method)(Parameters...), Arguments&&... arguments) {
     const UncountedAllocations uncounted;
-    mocks().operationStarts();
+    platform::mocks().operationStarts();
     const auto answer = [&]() -> Result {
-        return (static_cast<Mock&>(mocks().get<Mock>()).*method)(std::forward<Arguments>(arguments)...);
+        return (static_cast<Mock&>(mock<Mock>()).*method)(std::forward<Arguments>(arguments)...);
     };
-    const Hostility hostility = mocks().hostility;
-    if (hostility == Hostility::none) return answer();
+    const platform::Hostility hostility = platform::mocks().hostility;
+    if (hostility == platform::Hostility::none) return answer();
     const auto spoil = [&](auto& argument) {
         if constexpr (!std::is_const_v<std::remove_reference_t<decltype(argument)>>)
             makeHostile(argument, hostility);
@@ -116,10 +129,8 @@ Result operation(Result (Mock::*method)(Parameters...), Arguments&&... arguments
     }
 }
 
-}  // namespace platform
-
-/// The current test's mock of type `Mock`.
-template <typename Mock>
-testing::NiceMock<Mock>& mock() {
-    return platform::mocks().get<Mock>();
+/// Puts `value` into the platform's output parameter number `Index`, and answers `answer`.
+template <std::size_t Index = 0, typename Value, typename Answer = bool>
+auto deliver(Value value, Answer answer = true) {
+    return testing::DoAll(testing::SetArgReferee<Index>(value), testing::Return(answer));
 }

@@ -10,42 +10,35 @@
 
 namespace {
 
-class CheckedJniTest : public BridgeTest {
-  protected:
-    /// What the JVM has written since the last call.
-    std::string newOutput() {
-        std::ifstream log{TALVERN_JVM_LOG};
-        log.seekg(position_);
-        std::stringstream output;
-        output << log.rdbuf();
-        position_ += static_cast<std::streamoff>(output.str().size());
-        return output.str();
-    }
+using CheckedJniTest = BridgeTest;
 
-  private:
-    std::streamoff position_ = 0;
-};
+/// What the JVM has written since the last call.
+std::string newOutput() {
+    static std::streamoff position = 0;
+    std::ifstream log{TALVERN_JVM_LOG};
+    log.seekg(position);
+    std::stringstream output;
+    output << log.rdbuf();
+    position += static_cast<std::streamoff>(output.str().size());
+    return output.str();
+}
 
 struct Counts {
     int unchecked = 0;
     int references = 0;
-
-    friend std::ostream& operator<<(std::ostream& stream, const Counts& counts) {
-        return stream << counts.unchecked << ' ' << counts.references;
-    }
 };
 
-Counts countWarnings(const std::string& output, const std::string& native) {
+Counts countNewWarnings(const std::string& native) {
     Counts counts;
-    std::istringstream lines{output};
+    std::istringstream lines{newOutput()};
     for (std::string line; std::getline(lines, line);) {
-        if (line.find("JNI call made without checking exceptions") != std::string::npos) {
+        const auto has = [&](const char* text) { return line.find(text) != std::string::npos; };
+        if (has("JNI call made without checking exceptions")) {
             ++counts.unchecked;
-        } else if (line.find("JNI local refs: ") != std::string::npos) {
+        } else if (has("JNI local refs: ")) {
             ++counts.references;
         } else {
-            EXPECT_EQ(line.find("WARNING"), std::string::npos) << native << ": " << line;
-            EXPECT_EQ(line.find("FATAL"), std::string::npos) << native << ": " << line;
+            EXPECT_FALSE(has("WARNING") || has("FATAL")) << native << ": " << line;
         }
     }
     return counts;
@@ -59,17 +52,16 @@ TEST_F(CheckedJniTest, FindsNothingButWhatTheContractForces) {
 
     std::set<std::string> found;  // sorted: reflection gives the methods in any order
     for (const NativeMethod& native : bridgeNatives()) {
-        env->PushLocalFrame(100);
+        const LocalFrame frame;
+        const std::string name = native.fullName();
         const std::vector<jvalue> arguments = plausibleArguments(native);
         newOutput();
         EXPECT_EQ(invokeThroughJvm(native, arguments), "");
-        const Counts counts = countWarnings(newOutput(), native.fullName());
-        env->PopLocalFrame(nullptr);
-        std::stringstream line;
-        line << native.fullName() << ' ' << counts << '\n';
-        if (counts.unchecked + counts.references > 0) found.insert(line.str());
-        EXPECT_LE(counts.unchecked, known[native.fullName()].unchecked) << native.fullName();
-        EXPECT_LE(counts.references, known[native.fullName()].references) << native.fullName();
+        const auto [unchecked, references] = countNewWarnings(name);
+        EXPECT_LE(unchecked, known[name].unchecked) << name;
+        EXPECT_LE(references, known[name].references) << name;
+        if (unchecked + references == 0) continue;
+        found.insert(name + " " + std::to_string(unchecked) + " " + std::to_string(references) + "\n");
     }
     if (std::getenv("TALVERN_UPDATE_RECORDS") != nullptr) {
         std::ofstream records{file};

@@ -1,9 +1,5 @@
 // Deep trees on small stacks, which end a JVM if native code recurses.
-#include <functional>
-#include <pthread.h>
-
-#include "config/value.h"
-#include "mocks/configService.h"
+#include "mocks/config.h"
 #include "support/bridgeTest.h"
 
 using talvern::config::ArrayValue;
@@ -41,27 +37,6 @@ TEST_F(LargeDepthTest, AnyDepthOnAnyStackGivesAResultOrAClearException) {
             return Service::ReturnCode{};
         });
     EXPECT_EQ(runJava("Depth", "surprises"), "");
-}
-
-TEST_F(LargeDepthTest, CopiesAndDestroysAnyDepthOnTheSmallestStack) {
-    std::function<void()> work = [] {
-        for (const int levels : {1, 1000, 100'000}) {
-            const std::unique_ptr<Value> tree = deepTree(levels);
-            const std::unique_ptr<Value> copy{tree->clone()};
-            EXPECT_NE(copy, nullptr);
-        }
-    };
-    pthread_attr_t attributes;
-    pthread_attr_init(&attributes);
-    pthread_attr_setstacksize(&attributes, 192 * 1024);
-    pthread_t thread{};
-    const auto run = [](void* function) -> void* {
-        (*static_cast<std::function<void()>*>(function))();
-        return nullptr;
-    };
-    ASSERT_EQ(pthread_create(&thread, &attributes, run, &work), 0);
-    pthread_join(thread, nullptr);
-    pthread_attr_destroy(&attributes);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "mocks/nodeName.h"
+#include "mocks/network.h"
 #include "support/bridgeTest.h"
 
 using testing::DoAll;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <gmock/gmock.h>
 #include <string>
 #include <vector>
@@ -14,9 +15,7 @@
 /// given back in order and that no Java exception is left that the test has not asked for.
 class BridgeTest : public testing::Test {
   protected:
-    BridgeTest() : env{envOfLoadedBridge()}, table{env} { env->PushLocalFrame(1000); }
-
-    ~BridgeTest() override { env->PopLocalFrame(nullptr); }
+    BridgeTest() : env{envOfLoadedBridge()}, table{env} {}
 
     void TearDown() override {
         EXPECT_EQ(thrown_, "") << "a Java exception that the test did not ask for";
@@ -24,22 +23,36 @@ class BridgeTest : public testing::Test {
         platform::mocks().clear();
     }
 
-    /// Calls a native method; `className` is given without "com/kvo/talvern/". A Java exception that it
+    /// Calls a native method, which may be given a C++ text or list for a Java one. A Java exception that it
     /// raises is kept for `takeThrown`.
     template <typename... Arguments>
-    Outcome call(const std::string& className, const std::string& name, Arguments... arguments) {
-        return keep(invoke(bridgeNative(className, name), {toJvalue(arguments)...}));
+    Outcome call(const std::string& native, const Arguments&... arguments) {
+        return keep(invoke(bridgeNative(native), {toArgument(arguments)...}));
     }
 
     /// The same on a receiver that the test gives.
     template <typename... Arguments>
-    Outcome
-    callOn(jobject receiver, const std::string& className, const std::string& name, Arguments... arguments) {
-        return keep(invoke(bridgeNative(className, name), receiver, {toJvalue(arguments)...}));
+    Outcome callOn(jobject receiver, const std::string& native, const Arguments&... arguments) {
+        return keep(invoke(bridgeNative(native), receiver, {toArgument(arguments)...}));
+    }
+
+    /// The result of the same as text.
+    template <typename... Arguments>
+    std::string ask(const std::string& native, const Arguments&... arguments) {
+        return call(native, arguments...).resultText;
     }
 
     /// The Java exception of the last call as "class: message"; empty if there was none.
     std::string takeThrown() { return std::exchange(thrown_, {}); }
+
+    /// The names of those of the bridge's JNI calls that `wanted` lists, in their order.
+    [[nodiscard]] Texts callsOf(const Texts& wanted) const {
+        Texts names;
+        for (const JniTable::Call& made : table.calls()) {
+            if (std::ranges::count(wanted, made.function) > 0) names.emplace_back(made.function);
+        }
+        return names;
+    }
 
     JNIEnv* env;
     JniTable table;
@@ -51,11 +64,23 @@ class BridgeTest : public testing::Test {
         return javaEnv();
     }
 
+    template <typename Argument>
+    static jvalue toArgument(const Argument& argument) {
+        if constexpr (std::is_convertible_v<Argument, std::string_view>) {
+            return toJvalue(javaString(argument));
+        } else if constexpr (std::is_same_v<Argument, Texts>) {
+            return toJvalue(javaStrings(argument));
+        } else {
+            return toJvalue(argument);
+        }
+    }
+
     Outcome keep(const Outcome& outcome) {
         thrown_ = outcome.exception;
         return outcome;
     }
 
+    const LocalFrame frame_;
     std::string thrown_;
 };
 

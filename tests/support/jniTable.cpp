@@ -1,8 +1,8 @@
 #include "support/jniTable.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <cstring>
+#include <dlfcn.h>
 #include <link.h>
 #include <set>
 #include <string_view>
@@ -15,36 +15,14 @@ namespace {
 
 thread_local JniTable* current = nullptr;
 const JNINativeInterface_* original = nullptr;
+std::set<std::string> requirements;
 
-struct Range {
-    std::uintptr_t begin, end;
-};
-
-/// Where the libraries lie whose calls are watched.
-const std::vector<Range>& watchedRanges() {
-    static std::vector<Range> ranges;
-    if (!ranges.empty()) return ranges;
-    dl_iterate_phdr(
-        [](dl_phdr_info* info, std::size_t, void*) {
-            const std::string_view file{info->dlpi_name};
-            if (!file.ends_with("/libtalvernjni.so") && !file.ends_with("/libplanted.so")) return 0;
-            for (int i = 0; i < info->dlpi_phnum; ++i) {
-                const auto& segment = info->dlpi_phdr[i];
-                const std::uintptr_t begin = info->dlpi_addr + segment.p_vaddr;
-                if (segment.p_type == PT_LOAD) ranges.push_back({begin, begin + segment.p_memsz});
-            }
-            return 0;
-        },
-        nullptr);
-    return ranges;
-}
-
-bool isWatched(const void* address) {
-    const auto at = reinterpret_cast<std::uintptr_t>(address);
-    const auto& ranges = watchedRanges();
-    return current != nullptr && std::any_of(ranges.begin(), ranges.end(), [&](const Range& range) {
-               return at >= range.begin && at < range.end;
-           });
+/// Whether the call comes from a library whose calls are watched.
+bool isWatched(void* address) {
+    dl_find_object caller{};
+    if (current == nullptr || _dl_find_object(address, &caller) != 0) return false;
+    const std::string_view file{caller.dlfo_link_map->l_name};
+    return file.ends_with("/libtalvernjni.so") || file.ends_with("/libplanted.so");
 }
 
 void raise(JNIEnv* env, const char* className, const char* message) {
@@ -64,11 +42,6 @@ std::string nameOf(JNIEnv* env, jclass javaClass) {
     return text;
 }
 
-std::set<std::string>& recorded() {
-    static std::set<std::string> all;
-    return all;
-}
-
 /// Notes what the bridge needs of a class of the Java side. A class of the tests stands for the one that it
 /// extends.
 void record(JNIEnv* env, const char* kind, jclass javaClass, const std::string& member) {
@@ -82,38 +55,24 @@ void record(JNIEnv* env, const char* kind, jclass javaClass, const std::string& 
     original->PopLocalFrame(env, nullptr);
     if (!name.starts_with("com.kvo.talvern.")) return;
     std::replace(name.begin(), name.end(), '.', '/');
-    recorded().insert(std::string{kind} + " " + name + member);
+    requirements.insert(std::string{kind} + " " + name + member);
 }
 
-template <auto Slot>
+template <auto Slot, bool CanFail>
 struct Hook;
 
-/// One function of the table: passes the call on unless it is to fail.
+/// One function of the table: passes the call on unless it is to fail. Not all can: the JVM gives something
+/// back, answers a question or throws whatever else has failed.
 template <typename Result, typename... Arguments,
-          Result (JNICALL* JNINativeInterface_::*Slot)(JNIEnv*, Arguments...)>
-struct Hook<Slot> {
+          Result (JNICALL* JNINativeInterface_::*Slot)(JNIEnv*, Arguments...), bool CanFail>
+struct Hook<Slot, CanFail> {
     static inline const char* name = nullptr;
 
     static Result JNICALL call(JNIEnv* env, Arguments... arguments) {
-        if (isWatched(__builtin_return_address(0)) && current->mustFail(name, {})) {
+        if (isWatched(__builtin_return_address(0)) && current->mustFail(name, {}, CanFail)) {
             if (!JniTable::failsSilently(name)) raise(env, current->failure(), "planted");
             return Result();
         }
-        return (original->*Slot)(env, arguments...);
-    }
-};
-
-/// A function that the JVM cannot let fail: it gives something back, asks, or throws.
-template <auto Slot>
-struct SafeHook;
-
-template <typename Result, typename... Arguments,
-          Result (JNICALL* JNINativeInterface_::*Slot)(JNIEnv*, Arguments...)>
-struct SafeHook<Slot> {
-    static inline const char* name = nullptr;
-
-    static Result JNICALL call(JNIEnv* env, Arguments... arguments) {
-        if (isWatched(__builtin_return_address(0))) current->noteSafe(name);
         return (original->*Slot)(env, arguments...);
     }
 };
@@ -156,7 +115,7 @@ jmethodID JNICALL hookedLookup(JNIEnv* env, jclass javaClass, const char* name, 
 jint JNICALL hookedThrowNew(JNIEnv* env, jclass javaClass, const char* message) {
     const UncountedAllocations uncounted;
     if (isWatched(__builtin_return_address(0))) {
-        current->noteSafe("ThrowNew");
+        current->mustFail("ThrowNew", {}, false);
         record(env, "throwable", javaClass, {});
         record(env, "method", javaClass, " <init> (Ljava/lang/String;)V");
     }
@@ -166,7 +125,7 @@ jint JNICALL hookedThrowNew(JNIEnv* env, jclass javaClass, const char* message) 
 jint JNICALL hookedThrow(JNIEnv* env, jthrowable exception) {
     const UncountedAllocations uncounted;
     if (isWatched(__builtin_return_address(0))) {
-        current->noteSafe("Throw");
+        current->mustFail("Throw", {}, false);
         record(env, "throwable", original->GetObjectClass(env, exception), {});
     }
     return original->Throw(env, exception);
@@ -182,34 +141,34 @@ const char* JNICALL hookedGetStringUTFChars(JNIEnv* env, jstring string, jboolea
 
 void JNICALL hookedReleaseStringUTFChars(JNIEnv* env, jstring string, const char* chars) {
     const bool watched = isWatched(__builtin_return_address(0));
-    if (watched) current->noteSafe("ReleaseStringUTFChars");
+    if (watched) current->mustFail("ReleaseStringUTFChars", {}, false);
     if (!watched || current->given(chars)) original->ReleaseStringUTFChars(env, string, chars);
 }
 
 const JNINativeInterface_* hookedTable() {
     static JNINativeInterface_ table = *original;
-#define HOOK(kind, function)                                 \
-    kind<& JNINativeInterface_::function>::name = #function; \
-    table.function = kind<&JNINativeInterface_::function>::call
-    HOOK(Hook, NewObjectA);
-    HOOK(Hook, CallObjectMethodA);
-    HOOK(Hook, CallBooleanMethodA);
-    HOOK(Hook, CallIntMethodA);
-    HOOK(Hook, CallStaticObjectMethodA);
-    HOOK(Hook, NewStringUTF);
-    HOOK(Hook, NewObjectArray);
-    HOOK(Hook, CallVoidMethodA);
-    HOOK(Hook, SetObjectArrayElement);
-    HOOK(Hook, NewGlobalRef);
-    HOOK(SafeHook, GetArrayLength);
-    HOOK(SafeHook, GetObjectArrayElement);
-    HOOK(SafeHook, GetObjectClass);
-    HOOK(SafeHook, IsInstanceOf);
-    HOOK(SafeHook, ExceptionDescribe);
-    HOOK(SafeHook, ExceptionClear);
-    HOOK(SafeHook, ExceptionCheck);
-    HOOK(SafeHook, DeleteGlobalRef);
-    HOOK(SafeHook, PopLocalFrame);
+#define HOOK(canFail, function)                                      \
+    Hook<&JNINativeInterface_::function, canFail>::name = #function; \
+    table.function = Hook<&JNINativeInterface_::function, canFail>::call
+    HOOK(true, NewObjectA);
+    HOOK(true, CallObjectMethodA);
+    HOOK(true, CallBooleanMethodA);
+    HOOK(true, CallIntMethodA);
+    HOOK(true, CallStaticObjectMethodA);
+    HOOK(true, NewStringUTF);
+    HOOK(true, NewObjectArray);
+    HOOK(true, CallVoidMethodA);
+    HOOK(true, SetObjectArrayElement);
+    HOOK(true, NewGlobalRef);
+    HOOK(false, GetArrayLength);
+    HOOK(false, GetObjectArrayElement);
+    HOOK(false, GetObjectClass);
+    HOOK(false, IsInstanceOf);
+    HOOK(false, ExceptionDescribe);
+    HOOK(false, ExceptionClear);
+    HOOK(false, ExceptionCheck);
+    HOOK(false, DeleteGlobalRef);
+    HOOK(false, PopLocalFrame);
 #undef HOOK
     table.GetJavaVM = hookedStatus<&JNINativeInterface_::GetJavaVM>;
     table.PushLocalFrame = hookedStatus<&JNINativeInterface_::PushLocalFrame>;
@@ -225,7 +184,7 @@ const JNINativeInterface_* hookedTable() {
 
 }  // namespace
 
-const std::set<std::string>& recordedRequirements() { return recorded(); }
+const std::set<std::string>& recordedRequirements() { return requirements; }
 
 JniTable* currentJniTable() { return current; }
 
@@ -262,17 +221,12 @@ bool JniTable::failsSilently(std::string_view function) {
     return function == "GetStringUTFChars" || function == "NewGlobalRef";
 }
 
-bool JniTable::mustFail(const char* function, std::string detail) {
+bool JniTable::mustFail(const char* function, std::string detail, bool canFail) {
     const UncountedAllocations uncounted;
     const bool isHidden =
         !hiddenClass_.empty() && std::strcmp(function, "FindClass") == 0 && detail == hiddenClass_;
-    calls_.push_back({function, std::move(detail), true});
-    return isHidden || calls_.size() - 1 == failingCall_;
-}
-
-void JniTable::noteSafe(const char* function) {
-    const UncountedAllocations uncounted;
-    calls_.push_back({function, {}, false});
+    calls_.push_back({function, std::move(detail), canFail});
+    return canFail && (isHidden || calls_.size() - 1 == failingCall_);
 }
 
 void JniTable::taken(const char* chars) {

@@ -50,8 +50,7 @@ class JniTable {
     std::vector<std::string> takeComplaints();
 
     // For the table's own functions.
-    bool mustFail(const char* function, std::string detail);
-    void noteSafe(const char* function);
+    bool mustFail(const char* function, std::string detail, bool canFail = true);
     [[nodiscard]] const char* failure() const { return failure_; }
     void taken(const char* chars);
     bool given(const char* chars);

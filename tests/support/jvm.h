@@ -14,8 +14,14 @@ JNIEnv* javaEnv();
 /// leaves unchecked, so that tests with very many calls run without.
 bool isJniChecked();
 
-/// The jar of the Java side.
-std::string apiJar();
+/// Frees the local references that are made while it exists.
+class LocalFrame {
+  public:
+    LocalFrame() { javaEnv()->PushLocalFrame(5000); }
+    ~LocalFrame() { javaEnv()->PopLocalFrame(nullptr); }
+    LocalFrame(const LocalFrame&) = delete;
+    LocalFrame& operator=(const LocalFrame&) = delete;
+};
 
 /// The bridge, as a file.
 std::string bridgeLibrary();
@@ -33,8 +39,34 @@ jobjectArray javaStrings(const std::vector<std::string>& texts);
 std::string describe(jobject object);
 
 /// The constant of the Java enum `className` with this ordinal.
-jobject javaConstant(const char* className, jint ordinal);
+jobject javaConstant(const std::string& className, jint ordinal);
 
 /// What the static method `method` of the test class `className` returns, a String; the class is given
 /// without "com/kvo/talvern/testing/". An exception is returned as text.
 std::string runJava(const std::string& className, const char* method);
+
+/// A new object of the Java class.
+template <typename... Arguments>
+jobject newObject(const std::string& className, const char* signature = "()V", Arguments... arguments) {
+    JNIEnv* env = javaEnv();
+    jclass javaClass = env->FindClass(className.c_str());
+    return env->NewObject(javaClass, env->GetMethodID(javaClass, "<init>", signature), arguments...);
+}
+
+/// The object that a method of the Java object returns.
+template <typename... Arguments>
+jobject callMethod(jobject object, const char* method, const char* signature, Arguments... arguments) {
+    JNIEnv* env = javaEnv();
+    jmethodID id = env->GetMethodID(env->GetObjectClass(object), method, signature);
+    return env->CallObjectMethod(object, id, arguments...);
+}
+
+/// The object that a static method of the Java class returns.
+template <typename... Arguments>
+jobject callStatic(const std::string& className, const char* method, const std::string& signature,
+                   Arguments... arguments) {
+    JNIEnv* env = javaEnv();
+    jclass javaClass = env->FindClass(className.c_str());
+    jmethodID id = env->GetStaticMethodID(javaClass, method, signature.c_str());
+    return env->CallStaticObjectMethod(javaClass, id, arguments...);
+}

@@ -1,9 +1,7 @@
 #include "support/natives.h"
 
-#include <cstdlib>
 #include <dlfcn.h>
 #include <ffi.h>
-#include <iostream>
 #include <stdexcept>
 
 #include "bridge/signature.h"
@@ -22,19 +20,18 @@ void (*boundFunction(const std::string& library, const NativeMethod& native))() 
     return reinterpret_cast<void (*)()>(dlsym(handle, symbol.c_str()));
 }
 
-ffi_type* foreignType(char kind) {
-    switch (kind) {
-        case 'V':
-            return &ffi_type_void;
-        case 'Z':
-            return &ffi_type_uint8;
-        case 'I':
-            return &ffi_type_sint32;
-        case 'J':
-            return &ffi_type_sint64;
-        default:
-            return &ffi_type_pointer;
-    }
+ffi_type* foreignType(std::string_view type) {
+    if (type == "V") return &ffi_type_void;
+    if (type == "Z") return &ffi_type_uint8;
+    if (type == "I") return &ffi_type_sint32;
+    return type == "J" ? &ffi_type_sint64 : &ffi_type_pointer;
+}
+
+std::string toText(jvalue value, std::string_view type) {
+    if (type == "V") return "";
+    if (type == "Z") return value.z == JNI_TRUE ? "true" : "false";
+    if (type == "I") return std::to_string(value.i);
+    return type == "J" ? std::to_string(value.j) : describe(value.l);
 }
 
 /// Calls the function with the types that the Java signature gives it.
@@ -43,12 +40,12 @@ jvalue callFunction(const NativeMethod& native, jobject receiver, std::vector<jv
     std::vector<ffi_type*> types{&ffi_type_pointer, &ffi_type_pointer};
     std::vector<void*> values{static_cast<void*>(&env), static_cast<void*>(&receiver)};
     for (std::size_t i = 0; i < arguments.size(); ++i) {
-        types.push_back(foreignType(parameterType(native.signature, i).front()));
+        types.push_back(foreignType(parameterType(native.signature, i)));
         values.push_back(&arguments[i]);
     }
     ffi_cif interface {};
     ffi_prep_cif(&interface, FFI_DEFAULT_ABI, static_cast<unsigned>(types.size()),
-                 foreignType(resultType(native.signature).front()), types.data());
+                 foreignType(resultType(native.signature)), types.data());
     union {
         ffi_arg narrow;  // libffi widens results to this
         jvalue value;
@@ -61,14 +58,11 @@ jvalue callFunction(const NativeMethod& native, jobject receiver, std::vector<jv
 /// The native methods of the classes in `folder`, which bind to the functions of `library`.
 std::vector<NativeMethod> list(const std::string& jar, const char* folder, const std::string& library) {
     JNIEnv* env = javaEnv();
-    jclass natives = env->FindClass("com/kvo/talvern/testing/Natives");
-    jmethodID method =
-        env->GetStaticMethodID(natives, "list", "(Ljava/lang/String;Ljava/lang/String;)[Ljava/lang/String;");
-    auto* texts = static_cast<jobjectArray>(
-        env->CallStaticObjectMethod(natives, method, javaString(jar), javaString(folder)));
+    auto* texts = static_cast<jobjectArray>(callStatic(
+        "com/kvo/talvern/testing/Natives", "list",
+        "(Ljava/lang/String;Ljava/lang/String;)[Ljava/lang/String;", javaString(jar), javaString(folder)));
     if (const std::string exception = takeException(env); !exception.empty()) {
-        std::cerr << "the native methods can't be listed: " << exception << '\n';
-        std::exit(1);
+        throw std::runtime_error{"the native methods can't be listed: " + exception};
     }
     std::vector<NativeMethod> methods;
     const auto text = [&](jsize i) { return describe(env->GetObjectArrayElement(texts, i)); };
@@ -81,12 +75,6 @@ std::vector<NativeMethod> list(const std::string& jar, const char* folder, const
     return methods;
 }
 
-jobject construct(const char* className) {
-    JNIEnv* env = javaEnv();
-    jclass javaClass = env->FindClass(className);
-    return env->NewObject(javaClass, env->GetMethodID(javaClass, "<init>", "()V"));
-}
-
 /// An object of the class that a signature names as "Lname;".
 jobject plausibleObject(const std::string& type) {
     JNIEnv* env = javaEnv();
@@ -97,14 +85,13 @@ jobject plausibleObject(const std::string& type) {
     }
     const std::string name = type.substr(1, type.size() - 2);
     if (name == "com/kvo/talvern/config/Value") {
-        jclass javaClass = env->FindClass("com/kvo/talvern/config/SimpleValue");
-        return env->NewObject(javaClass, env->GetMethodID(javaClass, "<init>", "(Ljava/lang/String;Z)V"),
-                              javaString("text"), JNI_TRUE);
+        return newObject("com/kvo/talvern/config/SimpleValue", "(Ljava/lang/String;Z)V", javaString("text"),
+                         JNI_TRUE);
     }
     if (name == "com/kvo/talvern/firmwaremanager/FirmwareManagerUtils$UpgradeCallback") {
-        return construct("com/kvo/talvern/testing/RecordingCallback");
+        return newObject("com/kvo/talvern/testing/RecordingCallback");
     }
-    return javaConstant(name.c_str(), 1);
+    return javaConstant(name, 1);
 }
 
 /// The native methods are called without their class's constructor, except for the value that `_asXML`
@@ -118,7 +105,8 @@ jobject receiverOf(const NativeMethod& native) {
 }  // namespace
 
 const std::vector<NativeMethod>& bridgeNatives() {
-    static const std::vector<NativeMethod> natives = list(apiJar(), "com/kvo/talvern/", bridgeLibrary());
+    static const std::vector<NativeMethod> natives =
+        list(TALVERN_API_JAR, "com/kvo/talvern/", bridgeLibrary());
     return natives;
 }
 
@@ -138,30 +126,21 @@ const std::vector<NativeMethod>& unboundNatives() {
     return natives;
 }
 
-const NativeMethod& bridgeNative(const std::string& className, const std::string& name) {
+const NativeMethod& bridgeNative(const std::string& name) {
     for (const NativeMethod& native : bridgeNatives()) {
-        if (native.className == "com/kvo/talvern/" + className && native.name == name) return native;
+        if (native.name == name) return native;
     }
-    throw std::runtime_error{"no native method " + name + " in " + className};
+    throw std::runtime_error{"no native method " + name};
 }
 
 std::vector<jvalue> plausibleArguments(const NativeMethod& native) {
     std::vector<jvalue> arguments;
     for (std::size_t i = 0; i < parameterCount(native.signature); ++i) {
         const std::string type{parameterType(native.signature, i)};
-        switch (type.front()) {
-            case 'Z':
-                arguments.push_back(toJvalue(true));
-                break;
-            case 'I':
-                arguments.push_back(toJvalue(jint{1}));
-                break;
-            case 'J':
-                arguments.push_back(toJvalue(jlong{1}));
-                break;
-            default:
-                arguments.push_back(toJvalue(plausibleObject(type)));
-        }
+        arguments.push_back(type == "Z"   ? toJvalue(true)
+                            : type == "I" ? toJvalue(jint{1})
+                            : type == "J" ? toJvalue(jlong{1})
+                                          : toJvalue(plausibleObject(type)));
     }
     return arguments;
 }
@@ -174,21 +153,7 @@ Outcome invoke(const NativeMethod& native, jobject receiver, const std::vector<j
     Outcome outcome{};
     outcome.result = callFunction(native, receiver, arguments);
     outcome.exception = takeException(javaEnv());
-    switch (resultType(native.signature).front()) {
-        case 'V':
-            break;
-        case 'Z':
-            outcome.resultText = outcome.result.z == JNI_TRUE ? "true" : "false";
-            break;
-        case 'I':
-            outcome.resultText = std::to_string(outcome.result.i);
-            break;
-        case 'J':
-            outcome.resultText = std::to_string(outcome.result.j);
-            break;
-        default:
-            outcome.resultText = describe(outcome.result.l);
-    }
+    outcome.resultText = toText(outcome.result, resultType(native.signature));
     return outcome;
 }
 
@@ -198,21 +163,17 @@ std::string invokeThroughJvm(const NativeMethod& native, const std::vector<jvalu
     padded.emplace_back();  // so that there is an array even for no arguments
     jobject receiver = receiverOf(native);
     jmethodID id = env->GetMethodID(native.javaClass, native.name.c_str(), native.signature.c_str());
-    switch (resultType(native.signature).front()) {
-        case 'V':
-            env->CallVoidMethodA(receiver, id, padded.data());
-            break;
-        case 'Z':
-            env->CallBooleanMethodA(receiver, id, padded.data());
-            break;
-        case 'I':
-            env->CallIntMethodA(receiver, id, padded.data());
-            break;
-        case 'J':
-            env->CallLongMethodA(receiver, id, padded.data());
-            break;
-        default:
-            env->CallObjectMethodA(receiver, id, padded.data());
+    const std::string_view type = resultType(native.signature);
+    if (type == "V") {
+        env->CallVoidMethodA(receiver, id, padded.data());
+    } else if (type == "Z") {
+        env->CallBooleanMethodA(receiver, id, padded.data());
+    } else if (type == "I") {
+        env->CallIntMethodA(receiver, id, padded.data());
+    } else if (type == "J") {
+        env->CallLongMethodA(receiver, id, padded.data());
+    } else {
+        env->CallObjectMethodA(receiver, id, padded.data());
     }
     return takeException(env);
 }

@@ -25,8 +25,8 @@ const std::vector<NativeMethod>& plantedNatives();
 /// A native method that no library implements.
 const std::vector<NativeMethod>& unboundNatives();
 
-/// The native method of this name; `className` without "com/kvo/talvern/".
-const NativeMethod& bridgeNative(const std::string& className, const std::string& name);
+/// The native method of this name, which no two classes share.
+const NativeMethod& bridgeNative(const std::string& name);
 
 /// Arguments of the right types that the native methods accept; local references.
 std::vector<jvalue> plausibleArguments(const NativeMethod& native);

@@ -1,55 +1,45 @@
-#include "mocks/userManagerUtils.h"
+#include "mocks/users.h"
 #include "support/bridgeTest.h"
 
-using testing::IsEmpty;
 using testing::Return;
 
 namespace {
 
-constexpr auto javaClass = "user/UserUtils";
-constexpr auto password = talvern::userManagerUtils::loginType::password;
-
 class UserUtilsTest : public BridgeTest {
   protected:
     UserManagerMock& users = mock<UserManagerMock>();
-    jstring first = javaString("first");
-    jstring second = javaString("second");
 };
 
 TEST_F(UserUtilsTest, PassesTextsInOrderAndStatusesUnchanged) {
-    for (const int status : {0, 5, -1, 99}) {
-        EXPECT_CALL(users, addUser("first", "second")).WillOnce(Return(status));
-        EXPECT_CALL(users, sshKeyAdd("second", "first")).WillOnce(Return(status));
-        EXPECT_CALL(users, deleteUser("first")).WillOnce(Return(status));
-        EXPECT_CALL(users, sshKeyDel("second")).WillOnce(Return(status));
-        EXPECT_EQ(call(javaClass, "_addUser", first, second).result.i, status);
-        EXPECT_EQ(call(javaClass, "_sshKeyAdd", second, first).result.i, status);
-        EXPECT_EQ(call(javaClass, "_deleteUser", first).result.i, status);
-        EXPECT_EQ(call(javaClass, "_sshKeyDel", second).result.i, status);
+    for (const int status : {0, 5, -1}) {
+        EXPECT_CALL(users, addUser("name", "password")).WillOnce(Return(status));
+        EXPECT_CALL(users, sshKeyAdd("name", "key")).WillOnce(Return(status));
+        EXPECT_CALL(users, deleteUser("leaver")).WillOnce(Return(status));
+        EXPECT_CALL(users, sshKeyDel("careless")).WillOnce(Return(status));
+        EXPECT_EQ(call("_addUser", "name", "password").result.i, status);
+        EXPECT_EQ(call("_sshKeyAdd", "name", "key").result.i, status);
+        EXPECT_EQ(call("_deleteUser", "leaver").result.i, status);
+        EXPECT_EQ(call("_sshKeyDel", "careless").result.i, status);
     }
 }
 
 TEST_F(UserUtilsTest, SubmitsPasswordsForTheFirstKindOfLogin) {
+    constexpr auto password = talvern::userManagerUtils::loginType::password;
     EXPECT_EQ(static_cast<int>(password), 0);
     for (const bool isAccepted : {true, false}) {
-        const char* expected = isAccepted ? "true" : "false";
-        EXPECT_CALL(users, login(password, "first", "second")).WillOnce(Return(isAccepted));
-        EXPECT_CALL(users, changePasswd(password, "second", "first")).WillOnce(Return(isAccepted));
-        EXPECT_EQ(call(javaClass, "_authenticateUser", first, second).resultText, expected);
-        EXPECT_EQ(call(javaClass, "_changePassword", second, first).resultText, expected);
+        EXPECT_CALL(users, login(password, "name", "old")).WillOnce(Return(isAccepted));
+        EXPECT_CALL(users, changePasswd(password, "name", "new")).WillOnce(Return(isAccepted));
+        EXPECT_EQ(call("_authenticateUser", "name", "old").result.z, isAccepted);
+        EXPECT_EQ(call("_changePassword", "name", "new").result.z, isAccepted);
     }
 }
 
-TEST_F(UserUtilsTest, ListsTheUsersInOrder) {
-    for (const auto& [names, seen] :
-         {std::pair{std::vector<std::string>{}, "[]"}, {{"zoe", "", "adam"}, "[zoe, , adam]"}}) {
-        table.restart();
-        EXPECT_CALL(users, listUsers).WillOnce([&, list = names] {
-            EXPECT_THAT(table.calls(), IsEmpty()) << "the platform is asked first";
-            return list;
-        });
-        EXPECT_EQ(call(javaClass, "_listUsers").resultText, seen);
-    }
+TEST_F(UserUtilsTest, AsksThePlatformFirstForTheUsers) {
+    EXPECT_CALL(users, listUsers).WillOnce([&] {
+        EXPECT_THAT(table.calls(), testing::IsEmpty());
+        return Texts{"zoe", "", "adam"};
+    });
+    EXPECT_EQ(ask("_listUsers"), "[zoe, , adam]");
 }
 
 }  // namespace

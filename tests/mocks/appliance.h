@@ -1,7 +1,6 @@
 #pragma once
 
-#include <gmock/gmock.h>
-
+#include "mocks/mock.h"
 #include "platform/applianceUtils.h"
 
 struct ApplianceUtilsMock {
@@ -9,19 +8,8 @@ struct ApplianceUtilsMock {
     using FileErrors = std::vector<talvern::applianceUtils::resetFileError>;
 
     ApplianceUtilsMock() {
-        using testing::DoAll;
-        using testing::Return;
-        using testing::SetArgReferee;
-        using Texts = std::vector<std::string>;
-        ON_CALL(*this, getSerialNumber).WillByDefault(Return("serial"));
-        ON_CALL(*this, getMachineType).WillByDefault(Return("type"));
-        ON_CALL(*this, getMTM).WillByDefault(Return("mtm"));
-        ON_CALL(*this, getDateTime).WillByDefault(Return(Texts{"date", "time"}));
-        ON_CALL(*this, getTimezones).WillByDefault(Return(Texts{"UTC", "Asia/Tokyo"}));
-        ON_CALL(*this, getComponentInfo)
-            .WillByDefault(DoAll(SetArgReferee<0>(Components{{1, "one"}, {2, "two"}}), Return(true)));
-        ON_CALL(*this, deviceRESET)
-            .WillByDefault(DoAll(SetArgReferee<0>(FileErrors{{"a", 1}, {"b", 2}}), Return(0)));
+        ON_CALL(*this, getComponentInfo).WillByDefault(deliver(Components{{1, "one"}, {2, "two"}}));
+        ON_CALL(*this, deviceRESET).WillByDefault(deliver(FileErrors{{"a", 1}, {"b", 2}}, 0));
     }
 
     MOCK_METHOD(std::string, getSerialNumber, ());
@@ -32,11 +20,11 @@ struct ApplianceUtilsMock {
     MOCK_METHOD(std::string, getLocale, ());
     MOCK_METHOD(bool, setLocale, (const char* locale, const char* modifier));
     MOCK_METHOD(bool, setDefaultLocale, (const char* locale));
-    MOCK_METHOD(std::vector<std::string>, getDateTime, ());
+    MOCK_METHOD(Texts, getDateTime, ());
     MOCK_METHOD(bool, setDateTime, (std::int64_t time, std::int32_t& errorNumber));
     MOCK_METHOD(std::string, getTimezone, ());
     MOCK_METHOD(bool, setTimezone, (const char* name));
-    MOCK_METHOD(std::vector<std::string>, getTimezones, ());
+    MOCK_METHOD(Texts, getTimezones, ());
     MOCK_METHOD(void, getHardwareInfo, (talvern::applianceUtils::HWInfo & info));
     MOCK_METHOD(bool, getComponentInfo, (Components & components));
     MOCK_METHOD(bool, syncNTPServer, (const char* server));
@@ -44,4 +32,11 @@ struct ApplianceUtilsMock {
     MOCK_METHOD(bool, areHostSSHKeysStrong, ());
     MOCK_METHOD(std::int32_t, resetHostSSHKeys, ());
     MOCK_METHOD(void, triggerException, (const char* text));
+};
+
+struct DiagnosticUtilsMock {
+    MOCK_METHOD(bool, dnsResolve, (const std::string& host, std::string& result));
+    MOCK_METHOD(bool, tcpConnect, (const std::string& host, std::int32_t port, std::string& error));
+    MOCK_METHOD(bool, pingHost, (const std::string& host, std::string& output));
+    MOCK_METHOD(std::int32_t, networkReady, ());
 };

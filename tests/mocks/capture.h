@@ -1,9 +1,5 @@
 #pragma once
 
-#include <gmock/gmock.h>
-#include <string>
-#include <vector>
-
 #include "mocks/mock.h"
 #include "platform/packetCapture.h"
 
@@ -22,11 +18,8 @@ struct PacketCaptureMock {
     using Info = talvern::packetCapture::CaptureInfo;
 
     PacketCaptureMock() {
-        using testing::Return;
-        ON_CALL(*this, start).WillByDefault(Return(talvern::packetCapture::capturing));
-        ON_CALL(*this, allInterfaces).WillByDefault(Return(std::vector<std::string>{"eth0", "eth1"}));
-        ON_CALL(*this, info)
-            .WillByDefault(Return(Info{"eth0", talvern::packetCapture::finished, {"0.pcap", "1.pcap"}}));
+        const Info finished{"eth0", talvern::packetCapture::finished, {"0.pcap", "1.pcap"}};
+        ON_CALL(*this, info).WillByDefault(testing::Return(finished));
     }
 
     MOCK_METHOD(State, start,
@@ -35,6 +28,6 @@ struct PacketCaptureMock {
                  bool isPromiscuous));
     MOCK_METHOD(std::int32_t, stop, (std::string interfaceName));
     MOCK_METHOD(std::int32_t, remove, (std::string interfaceName));
-    MOCK_METHOD(std::vector<std::string>, allInterfaces, ());
+    MOCK_METHOD(Texts, allInterfaces, ());
     MOCK_METHOD(Info, info, (std::string interfaceName));
 };

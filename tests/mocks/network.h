@@ -1,27 +1,19 @@
 #pragma once
 
-#include <cstdint>
-#include <gmock/gmock.h>
-#include <memory>
-#include <string>
-#include <vector>
-
+#include "mocks/mock.h"
 #include "platform/types.h"
 
 struct EthernetInterfacesMock {
     using KeyValPair = talvern::types::KeyValPair;
     using InterfaceStatus = talvern::types::InterfaceStatus;
-    using Texts = std::vector<std::string>;
 
     EthernetInterfacesMock() {
-        using testing::DoAll;
         using testing::Return;
         status.details = {&eth0, &eth1};
         ON_CALL(*this, getInterfaceNames).WillByDefault([] {
             return std::make_unique<Texts>(Texts{"eth0", "eth1"});
         });
-        ON_CALL(*this, getInterfaces)
-            .WillByDefault(DoAll(testing::SetArgReferee<0>(status.details), Return(true)));
+        ON_CALL(*this, getInterfaces).WillByDefault(deliver(status.details));
         ON_CALL(*this, getInterface).WillByDefault(Return(&eth0));
         ON_CALL(*this, getInterfaceStatus).WillByDefault(Return(&status));
         ON_CALL(*this, getAggregateStatus).WillByDefault(Return(&status));
@@ -46,4 +38,29 @@ struct EthernetInterfacesMock {
     KeyValPair eth0{{{"mtu", "1500"}, {"name", "eth0"}}};
     KeyValPair eth1{{{"name", "eth1"}}};
     InterfaceStatus status;
+};
+
+struct HostsUtilsMock {
+    MOCK_METHOD(Texts, getAddresses, ());
+    MOCK_METHOD(Texts, getHostnames, (const std::string& address));
+    MOCK_METHOD(bool, setHostnames, (const std::string& address, const Texts& hostnames));
+    MOCK_METHOD(bool, deleteHostnames, (const std::string& address));
+};
+
+struct NameServersMock {
+    MOCK_METHOD(Texts, getNameServers, (Texts * companions));
+    MOCK_METHOD(std::int32_t, setNameServers, (const Texts& servers, const Texts* companions));
+    MOCK_METHOD(Texts, getSearchDomains, ());
+    MOCK_METHOD(std::int32_t, setSearchDomains, (const Texts& domains));
+};
+
+struct NodeNameMock {
+    MOCK_METHOD(std::int32_t, init, ());
+    MOCK_METHOD(std::string, get, ());
+    MOCK_METHOD(std::int32_t, set, (const std::string& name));
+};
+
+struct TimeServersMock {
+    MOCK_METHOD(Texts, getTimeServers, (Texts * companions));
+    MOCK_METHOD(std::int32_t, setTimeServers, (const Texts& servers, Texts* companions));
 };

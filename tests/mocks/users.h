@@ -1,17 +1,9 @@
 #pragma once
 
-#include <gmock/gmock.h>
-#include <string>
-#include <vector>
-
+#include "mocks/mock.h"
 #include "platform/userManagerUtils.h"
 
 struct UserManagerMock {
-    UserManagerMock() {
-        ON_CALL(*this, listUsers)
-            .WillByDefault(testing::Return(std::vector<std::string>{"admin", "operator"}));
-    }
-
     using LoginType = talvern::userManagerUtils::loginType;
 
     MOCK_METHOD(std::int32_t, addUser, (std::string name, std::string password));
@@ -20,5 +12,5 @@ struct UserManagerMock {
     MOCK_METHOD(std::int32_t, sshKeyDel, (std::string name));
     MOCK_METHOD(bool, changePasswd, (LoginType type, std::string name, std::string newPassword));
     MOCK_METHOD(bool, login, (LoginType type, std::string name, std::string password));
-    MOCK_METHOD(std::vector<std::string>, listUsers, ());
+    MOCK_METHOD(Texts, listUsers, ());
 };

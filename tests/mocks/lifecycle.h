@@ -1,19 +1,21 @@
 #pragma once
 
-#include <cstdint>
-#include <gmock/gmock.h>
-#include <string>
-
+#include "mocks/mock.h"
+#include "platform/firmwareManagerUtils.h"
 #include "platform/processManagerUtils.h"
+
+struct FirmwareManagerMock {
+    using UpgradeCallback = talvern::firmwareManagerUtils::UpgradeCallback;
+
+    MOCK_METHOD(bool, isReleaseKeyed, ());
+    MOCK_METHOD(std::int32_t, rollback, ());
+    MOCK_METHOD(std::int32_t, deletePrevious, ());
+    MOCK_METHOD(std::int32_t, reflash, (const std::string&));
+    MOCK_METHOD(std::int32_t, upgrade, (const std::string&, bool, bool, UpgradeCallback*));
+};
 
 struct ProcessManagerMock {
     using PlatformLogLevel = talvern::processManagerUtils::PlatformLogLevel;
-
-    ProcessManagerMock() {
-        ON_CALL(*this, getPlatformLogLevel)
-            .WillByDefault(
-                testing::DoAll(testing::SetArgReferee<0>(PlatformLogLevel::error), testing::Return(0)));
-    }
 
     MOCK_METHOD(std::uint32_t, getPlatformTraceMask, ());
     MOCK_METHOD(std::int32_t, getPlatformLogLevel, (PlatformLogLevel&));

@@ -1,16 +1,7 @@
 #pragma once
 
-#include <cstdint>
-#include <gmock/gmock.h>
-#include <vector>
-
+#include "mocks/mock.h"
 #include "platform/statusUtils.h"
-
-/// Puts `list` where the platform puts its records, and answers `wasRead`.
-template <typename Entry>
-auto deliver(std::vector<Entry> list, bool wasRead = true) {
-    return testing::DoAll(testing::SetArgReferee<0>(list), testing::Return(wasRead));
-}
 
 struct StatusUtilsMock {
     StatusUtilsMock();
