@@ -13,7 +13,6 @@ import java.util.Iterator;
 import java.util.List;
 import java.util.Map;
 import java.util.NoSuchElementException;
-import java.util.Objects;
 import java.util.Random;
 import java.util.Set;
 import java.util.TreeMap;
@@ -107,11 +106,6 @@ public final class Values {
             array.add(struct);
         }
         return array;
-    }
-
-    /** Whether both values are equal. */
-    public static boolean areEqual(Value left, Value right) {
-        return Objects.equals(left, right);
     }
 
     /** A structure with a member that is not as it should be. */
