@@ -4,7 +4,6 @@
 
 #include <cstddef>
 #include <exception>
-#include <new>
 
 #include "bridge/handleException.h"
 #include "bridge/pendingJavaException.h"
@@ -24,15 +23,18 @@ void translate(JNIEnv* env, const Exception&... exception) noexcept {
     }
 }
 
+/// After a JNI call that came back without an object: the JVM's own exception is on its way to the caller
+/// already, but for native memory that runs out for the characters of a string or for a global reference.
+/// Then the caller receives a TalvernException.
+void ensureJavaException(JNIEnv* env) noexcept;
+
 /// The frame of most native methods: runs `body` and returns its result.
 template <typename Result, typename Body>
 Result entryPoint(JNIEnv* env, Result failureValue, Body body) noexcept {
     try {
         return body();
     } catch (const PendingJavaException&) {
-        // The JVM's own exception is on its way to the caller already. It raises none where native memory
-        // runs out for the characters of a string or for a global reference.
-        if (env->ExceptionCheck() == JNI_FALSE) translate(env, std::bad_alloc{});
+        ensureJavaException(env);
     } catch (const std::exception& exception) {
         translate(env, exception);
     } catch (...) {

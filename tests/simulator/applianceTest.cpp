@@ -3,6 +3,7 @@
 
 #include "platform/applianceUtils.h"
 #include "platform/firmwareManagerUtils.h"
+#include "platform/messaging.h"
 #include "platform/nodeName.h"
 #include "platform/servicesUtils.h"
 #include "platform/statusUtils.h"
@@ -76,6 +77,14 @@ TEST(Appliance, KnowsAServiceTestByItsNameWhoseCharactersAreNotKept) {
     EXPECT_EQ(servicesUtils::startTest("storage", 60), 3);
     EXPECT_EQ(servicesUtils::stopTest("storage"), 0);
     EXPECT_EQ(servicesUtils::stopTest("storage"), 2);
+}
+
+TEST(Appliance, FailsInTheWayThatATextNames) {
+    EXPECT_THROW(triggerException("int:"), int);
+    EXPECT_THROW(triggerException("text:"), const char*);
+    EXPECT_THROW(triggerException("validation:"), config::messaging::ValidationException);
+    EXPECT_THROW(triggerException("change:"), config::messaging::ConfigChangeException);
+    EXPECT_THROW(triggerException("internal"), std::runtime_error);
 }
 
 }  // namespace

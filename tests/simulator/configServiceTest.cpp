@@ -65,4 +65,19 @@ TEST(ConfigService, KeepsWhatOthersUse) {
     EXPECT_EQ(Service::deleteObject("EthernetInterface", "", "eth2"), Code::OK);
 }
 
+TEST(ConfigService, WritesXmlThatKeepsSpecialCharactersApart) {
+    StructValue value{true};
+    auto list = std::make_unique<ArrayValue>(false);
+    list->add(nullptr);
+    list->add(std::make_unique<SimpleValue>("a < b & c", true));
+    value.put("\"quoted\"", std::move(list));
+    EXPECT_EQ(value.asXML(),
+              "<struct mu=\"true\">\n"
+              "  <array key=\"&quot;quoted&quot;\">\n"
+              "    <null />\n"
+              "    <text mu=\"true\">a &lt; b &amp; c</text>\n"
+              "  </array>\n"
+              "</struct>\n");
+}
+
 }  // namespace
