@@ -62,14 +62,12 @@ final class Cases {
         add("map", 10, () -> ethernet.getEthernetInterface("eth0"), () -> floor.getEthernetInterface("eth0"));
         add("record array", 10, hardware::getFanStatus, floor::getFanStatus);
         add("nested record array", 10, hardware::getRaidVolumes, floor::getRaidVolumes);
-        for (int size : new int[] {10, 100, 1000, 10_000, 100_000, 1_000_000}) {
-            add(LIST_OUT, size, dns::getNameServers, floor::getNameServers);
-            add("list in", size, () -> ntp.setTimeServers(texts), () -> floor.setTimeServers(texts));
-            add("tree out", size, () -> service.queryObject("type", "parent", "name"),
-                    () -> floor.queryObject(service, "type", "parent", "name"));
-            add("tree in", size, () -> service.validateObject("type", tree),
-                    () -> floor.validateObject(service, "type", tree));
-        }
+        addAllSizes(LIST_OUT, dns::getNameServers, floor::getNameServers);
+        addAllSizes("list in", () -> ntp.setTimeServers(texts), () -> floor.setTimeServers(texts));
+        addAllSizes("tree out", () -> service.queryObject("type", "parent", "name"),
+                () -> floor.queryObject(service, "type", "parent", "name"));
+        addAllSizes("tree in", () -> service.validateObject("type", tree),
+                () -> floor.validateObject(service, "type", tree));
         add("spin loop", 1, () -> spin(1000), () -> spin(1000));
     }
 
@@ -77,6 +75,16 @@ final class Cases {
 
     private static void add(String name, int size, Call... ways) {
         ALL.add(new Case(name, size, ways));
+    }
+
+    /**
+     * One size after the other: what the JVM keeps of the largest trees, scattered in memory, would slow what
+     * comes after it.
+     */
+    private static void addAllSizes(String name, Call... ways) {
+        for (int size : new int[] {10, 100, 1000, 10_000, 100_000, 1_000_000}) {
+            add(name, size, ways);
+        }
     }
 
     private static int spin(int turns) {
