@@ -43,7 +43,6 @@ final class Cases {
     private static Value tree;
 
     static {
-        Floor floor = FLOOR;
         ApplianceUtils appliance = new ApplianceUtils();
         NodeName node = new NodeName();
         DNSUtils dns = new DNSUtils();
@@ -52,22 +51,22 @@ final class Cases {
         HardwareStatusUtils hardware = new HardwareStatusUtils();
         ServiceUtils service = new ServiceUtils();
 
-        add("pass-through", 1, appliance::getCPUCount, floor::getCPUCount, Jna::talvern_getCPUCount);
-        add("text out", 1, node::getNodeName, floor::getNodeName, Jna::talvern_getNodeName);
-        add("text in", 1, () -> node.setNodeName("rack-7"), () -> floor.setNodeName("rack-7"),
+        add("pass-through", 1, appliance::getCPUCount, FLOOR::getCPUCount, Jna::talvern_getCPUCount);
+        add("text out", 1, node::getNodeName, FLOOR::getNodeName, Jna::talvern_getNodeName);
+        add("text in", 1, () -> node.setNodeName("rack-7"), () -> FLOOR.setNodeName("rack-7"),
                 () -> Jna.talvern_setNodeName("rack-7") == 0);
-        add("enum by ordinal", 1, hardware::getIntrusionStatus, floor::getIntrusionStatus);
+        add("enum by ordinal", 1, hardware::getIntrusionStatus, FLOOR::getIntrusionStatus);
         add("enum by name", 1, () -> service.getAdminState("type", "parent", "name"),
-                () -> floor.getAdminState(service, "type", "parent", "name"));
-        add("map", 10, () -> ethernet.getEthernetInterface("eth0"), () -> floor.getEthernetInterface("eth0"));
-        add("record array", 10, hardware::getFanStatus, floor::getFanStatus);
-        add("nested record array", 10, hardware::getRaidVolumes, floor::getRaidVolumes);
-        addAllSizes(LIST_OUT, dns::getNameServers, floor::getNameServers);
-        addAllSizes("list in", () -> ntp.setTimeServers(texts), () -> floor.setTimeServers(texts));
+                () -> FLOOR.getAdminState(service, "type", "parent", "name"));
+        add("map", 10, () -> ethernet.getEthernetInterface("eth0"), () -> FLOOR.getEthernetInterface("eth0"));
+        add("record array", 10, hardware::getFanStatus, FLOOR::getFanStatus);
+        add("nested record array", 10, hardware::getRaidVolumes, FLOOR::getRaidVolumes);
+        addAllSizes(LIST_OUT, dns::getNameServers, FLOOR::getNameServers);
+        addAllSizes("list in", () -> ntp.setTimeServers(texts), () -> FLOOR.setTimeServers(texts));
         addAllSizes("tree out", () -> service.queryObject("type", "parent", "name"),
-                () -> floor.queryObject(service, "type", "parent", "name"));
+                () -> FLOOR.queryObject(service, "type", "parent", "name"));
         addAllSizes("tree in", () -> service.validateObject("type", tree),
-                () -> floor.validateObject(service, "type", tree));
+                () -> FLOOR.validateObject(service, "type", tree));
         add("spin loop", 1, () -> spin(1000), () -> spin(1000));
     }
 
