@@ -3,7 +3,7 @@
 #include <utility>
 #include <vector>
 
-#include "config/value.h"
+#include "platform/value.h"
 
 using talvern::config::ArrayValue;
 using talvern::config::SimpleValue;

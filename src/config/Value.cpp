@@ -1,4 +1,4 @@
-#include "config/value.h"
+#include "platform/value.h"
 
 #include <jni.h>
 

@@ -2,7 +2,7 @@
 
 #include <jni.h>
 
-#include "config/value.h"
+#include "platform/value.h"
 
 // Configuration values between Java and native trees. Every class and member is looked up once per
 // conversion, when it is first needed. What the called Java code throws stays pending while the conversion

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <pthread.h>
 
-#include "config/value.h"
+#include "platform/value.h"
 
 using namespace talvern::config;
 using testing::ElementsAre;

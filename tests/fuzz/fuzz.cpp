@@ -6,7 +6,7 @@
 #include <iostream>
 
 #include "bridge/signature.h"
-#include "config/value.h"
+#include "platform/value.h"
 #include "mocks/config.h"
 #include "mocks/network.h"
 #include "support/jvm.h"

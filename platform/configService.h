@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "config/value.h"
+#include "platform/value.h"
 #include "platform/messaging.h"
 
 namespace talvern::config {
