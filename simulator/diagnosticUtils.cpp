@@ -1,17 +1,50 @@
 #include "platform/diagnosticUtils.h"
 
-#include <asio/connect.hpp>
+#include <algorithm>
 #include <asio/io_context.hpp>
 #include <asio/ip/tcp.hpp>
 #include <chrono>
+#include <strings.h>
 
-// The host's own resolver and sockets.
+#include "addresses.h"
+#include "platform/hostsUtils.h"
+#include "platform/nodeName.h"
+
+// Nothing is asked of the machine's resolver or network: the answers are the same on every machine.
 
 using asio::ip::tcp;
 
 namespace {
 
 constexpr std::chrono::seconds connectLimit{5};
+constexpr auto ownAddress = "127.0.1.1";
+
+bool isSameName(const std::string& one, const std::string& other) {
+    return strcasecmp(one.c_str(), other.c_str()) == 0;
+}
+
+/// What the hosts table says; without it the appliance still knows itself. Empty: unknown host.
+std::vector<std::string> resolve(const std::string& host) {
+    if (isIpAddress(host)) return {host};
+    std::vector<std::string> addresses = talvern::hostsUtils::getAddresses();
+    std::erase_if(addresses, [&](const std::string& address) {
+        const auto names = talvern::hostsUtils::getHostnames(address);
+        return std::none_of(names.begin(), names.end(),
+                            [&](const std::string& name) { return isSameName(name, host); });
+    });
+    if (addresses.empty() && isSameName(host, "localhost")) return {"127.0.0.1"};
+    if (addresses.empty() && isSameName(host, talvern::nodeName::get())) return {ownAddress};
+    return addresses;
+}
+
+asio::error_code connect(const asio::ip::address& address, std::uint16_t port) {
+    asio::io_context context;
+    tcp::socket socket{context};
+    asio::error_code failure = asio::error::timed_out;  // unless there is an outcome before
+    socket.async_connect({address, port}, [&](asio::error_code outcome) { failure = outcome; });
+    context.run_for(connectLimit);
+    return failure;
+}
 
 }  // namespace
 
@@ -19,30 +52,23 @@ namespace talvern::diagnosticUtils {
 
 /// The result is the list of addresses, with spaces between them.
 bool dnsResolve(const std::string& host, std::string& result) {
-    asio::io_context context;
-    asio::error_code failure;
-    for (const auto& entry : tcp::resolver{context}.resolve(host, "", failure)) {
-        if (!result.empty()) result += ' ';
-        result += entry.endpoint().address().to_string();
-    }
-    if (failure) result = failure.message();
-    return !failure;
+    const std::vector<std::string> addresses = resolve(host);
+    for (const std::string& address : addresses) result += (result.empty() ? "" : " ") + address;
+    return !addresses.empty();
 }
 
+/// Only addresses of this machine's loopback are really connected to.
 bool tcpConnect(const std::string& host, std::int32_t port, std::string& error) {
     if (port < 1 || port > 65535) {
         error = "no such port";
         return false;
     }
-    asio::io_context context;
-    asio::error_code failure;
-    const auto endpoints = tcp::resolver{context}.resolve(host, std::to_string(port), failure);
-    tcp::socket socket{context};
-    if (!failure) {
-        failure = asio::error::timed_out;  // unless there is an outcome before
-        asio::async_connect(socket, endpoints,
-                            [&](asio::error_code outcome, const tcp::endpoint&) { failure = outcome; });
-        context.run_for(connectLimit);
+    asio::error_code failure = asio::error::host_not_found;
+    for (const std::string& text : resolve(host)) {
+        const auto address = asio::ip::make_address(text);
+        failure = asio::error::host_unreachable;
+        if (address.is_loopback()) failure = connect(address, static_cast<std::uint16_t>(port));
+        if (!failure) break;
     }
     error = failure ? failure.message() : "";
     return !failure;

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <thread>
 
+#include "platform/diagnosticUtils.h"
 #include "platform/ethernetInterfaces.h"
 #include "platform/hostsUtils.h"
 #include "platform/nameServers.h"
@@ -41,6 +42,30 @@ TEST(Names, AreKeptOrRefusedAsAWhole) {
     EXPECT_THAT(hostsUtils::getHostnames("10.0.0.77"), ElementsAre("b", "a", "b"));
     EXPECT_TRUE(hostsUtils::setHostnames("10.0.0.77", {}));
     EXPECT_FALSE(hostsUtils::deleteHostnames("10.0.0.77"));
+}
+
+TEST(Diagnostics, KnowTheApplianceAndItsHostsTableWithoutANetwork) {
+    ASSERT_EQ(nodeName::set("rack-7"), 0);
+    ASSERT_TRUE(hostsUtils::deleteHostnames("127.0.0.1"));
+    for (const auto& [host, addresses] : {std::pair{"LocalHost", "127.0.0.1"},
+                                          {"rack-7", "127.0.1.1"},
+                                          {"db", "10.0.0.20"},
+                                          {"2001:db8::1", "2001:db8::1"},
+                                          {"example.com", ""}}) {
+        std::string result;
+        EXPECT_EQ(diagnosticUtils::dnsResolve(host, result), *addresses != '\0') << host;
+        EXPECT_EQ(result, addresses);
+        EXPECT_EQ(diagnosticUtils::pingHost(host, result), *addresses != '\0') << host;
+    }
+    for (const auto& [host, reason] : {std::pair{"rack-7", "Connection refused"},
+                                       {"db", "No route to host"},
+                                       {"example.com", "Host not found"}}) {
+        std::string error;
+        EXPECT_FALSE(diagnosticUtils::tcpConnect(host, 1, error));
+        EXPECT_THAT(error, testing::HasSubstr(reason)) << host;
+    }
+    EXPECT_TRUE(hostsUtils::setHostnames("127.0.0.1", {"localhost"}));
+    EXPECT_EQ(nodeName::init(), 0);
 }
 
 namespace ethernet = ethernetInterfaces;
