@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/value.h"
 #include "platform/messaging.h"
+#include "platform/value.h"
 
 namespace talvern::config {
 

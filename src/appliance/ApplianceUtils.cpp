@@ -8,35 +8,14 @@
 
 #include "bridge/entryPoint.h"
 #include "bridge/marshalling.h"
+#include "bridge/passOn.h"
 #include "bridge/utfStrings.h"
 #include "platform/diagnosticUtils.h"
 #include "platform/log.h"
 
-namespace appliance = talvern::applianceUtils;
-namespace diagnostics = talvern::diagnosticUtils;
+namespace talvern::bridge {
 
 namespace {
-
-/// What the appliance says about itself; null if it says nothing.
-jstring identityText(JNIEnv* env, std::string (*operation)()) {
-    return entryPoint(env, jstring{}, [&] {
-        const std::string text = operation();
-        return text.empty() ? nullptr : toJavaString(env, text);
-    });
-}
-
-/// The platform's answer, as it stands.
-jboolean answer(JNIEnv* env, bool (*operation)()) {
-    return entryPoint(env, jboolean{JNI_FALSE}, [&] { return toJavaBoolean(operation()); });
-}
-
-/// The platform's answer to one text, as it stands.
-jboolean answer(JNIEnv* env, bool (*operation)(const char*), jstring text) {
-    return entryPoint(env, jboolean{JNI_FALSE}, [&] {
-        UtfStrings utf{env};
-        return toJavaBoolean(operation(utf.take(text)));
-    });
-}
 
 /// Creates any number of FileError objects with one lookup.
 class JavaFileErrors {
@@ -48,7 +27,7 @@ class JavaFileErrors {
           setFile_{env, class_},
           setError_{env, class_} {}
 
-    [[nodiscard]] jobject of(const appliance::resetFileError& error) const {
+    [[nodiscard]] jobject of(const applianceUtils::resetFileError& error) const {
         jstring file = toJavaString(env_, error.file);
         jobject javaError = create_();
         setFile_(javaError, file);
@@ -72,30 +51,30 @@ extern "C" {
 
 JNIEXPORT jstring JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1getSerialNumber(JNIEnv* env,
                                                                                           jobject) {
-    return identityText(env, appliance::getSerialNumber);
+    return passOn(env, NullIfEmpty{}, applianceUtils::getSerialNumber);
 }
 
 JNIEXPORT jstring JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1getMachineType(JNIEnv* env,
                                                                                          jobject) {
-    return identityText(env, appliance::getMachineType);
+    return passOn(env, NullIfEmpty{}, applianceUtils::getMachineType);
 }
 
 JNIEXPORT jstring JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1getMTM(JNIEnv* env, jobject) {
-    return identityText(env, appliance::getMTM);
+    return passOn(env, NullIfEmpty{}, applianceUtils::getMTM);
 }
 
 JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1isAppliance(JNIEnv* env, jobject) {
-    return answer(env, appliance::isAppliance);
+    return passOn(env, jboolean{JNI_FALSE}, applianceUtils::isAppliance);
 }
 
 JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1getCPUCount(JNIEnv* env, jobject) {
-    return entryPoint(env, jint{-1}, [] { return appliance::getCPUCount(); });
+    return passOn(env, jint{-1}, applianceUtils::getCPUCount);
 }
 
 // Locale, date and time
 
 JNIEXPORT jstring JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1getLocale(JNIEnv* env, jobject) {
-    return entryPoint(env, jstring{}, [&] { return toJavaString(env, appliance::getLocale()); });
+    return passOn(env, jstring{}, applianceUtils::getLocale);
 }
 
 JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1setLocale(JNIEnv* env, jobject,
@@ -105,30 +84,30 @@ JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1setLo
         UtfStrings utf{env};
         const char* localeChars = utf.take(locale);
         const char* modifierChars = modifier == nullptr ? nullptr : utf.take(modifier);
-        return toJavaBoolean(appliance::setLocale(localeChars, modifierChars));
+        return toJavaBoolean(applianceUtils::setLocale(localeChars, modifierChars));
     });
 }
 
 JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1setDefaultLocale(JNIEnv* env,
                                                                                             jobject,
                                                                                             jstring locale) {
-    return answer(env, appliance::setDefaultLocale, locale);
+    return passOn(env, jboolean{JNI_FALSE}, applianceUtils::setDefaultLocale, locale);
 }
 
 JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1getDateTime(JNIEnv* env,
                                                                                            jobject) {
-    return entryPoint(env, jobjectArray{}, [&] { return toJavaStringArray(env, appliance::getDateTime()); });
+    return passOn(env, jobjectArray{}, applianceUtils::getDateTime);
 }
 
 JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1setDateTime(JNIEnv* env, jobject,
                                                                                        jlong time) {
     return entryPoint(env, jboolean{JNI_FALSE}, [&] {
         std::int32_t errorNumber = 0;
-        const bool isSet = appliance::setDateTime(time, errorNumber);
+        const bool isSet = applianceUtils::setDateTime(time, errorNumber);
         if (!isSet) {
             // The text of strerror, which is not safe in threads everywhere.
             const std::string reason = std::generic_category().message(errorNumber);
-            talvern::log::trace(7, "date/time set failed, err is %s", reason.c_str());
+            log::trace(7, "date/time set failed, err is %s", reason.c_str());
         }
         return toJavaBoolean(isSet);
     });
@@ -143,8 +122,8 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1getHar
             "(Ljava/lang/String;Ljava/lang/String;Ljava/lang/String;Ljava/lang/String;"
             "Ljava/lang/String;Ljava/lang/String;Z)V">
             create{env, findClass(env, "com/kvo/talvern/appliance/HWInfo")};
-        appliance::HWInfo info;
-        appliance::getHardwareInfo(info);
+        applianceUtils::HWInfo info;
+        applianceUtils::getHardwareInfo(info);
         jstring manufacturer = toJavaString(env, info.manufacturer);
         jstring productName = toJavaString(env, info.productName);
         jstring machineType = toJavaString(env, info.machineType);
@@ -162,8 +141,8 @@ JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1g
         jclass javaClass = findClass(env, "com/kvo/talvern/appliance/ComponentFirmware");
         const Constructor<"(ILjava/lang/String;)V"> create{env, javaClass};
         const Constructor<"()V"> createBlank{env, javaClass};
-        std::vector<appliance::ComponentFirmware> components;
-        if (!appliance::getComponentInfo(components)) components.clear();
+        std::vector<applianceUtils::ComponentFirmware> components;
+        if (!applianceUtils::getComponentInfo(components)) components.clear();
         return toJavaArray(env, javaClass, createBlank(), components, [&](const auto& component) {
             return create(jint{component.component}, toJavaString(env, component.firmware));
         });
@@ -177,7 +156,7 @@ JNIEXPORT jstring JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1dnsRes
     return entryPoint(env, "", [&] {
         UtfStrings utf{env};
         std::string result;
-        const bool isResolved = diagnostics::dnsResolve(utf.take(host), result);
+        const bool isResolved = diagnosticUtils::dnsResolve(utf.take(host), result);
         utf.release();
         return toJavaString(env, isResolved ? result : "");
     });
@@ -189,9 +168,9 @@ JNIEXPORT jstring JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1tcpCon
     return entryPoint(env, "JNI error", [&] {
         UtfStrings utf{env};
         std::string error;
-        const bool isConnected = diagnostics::tcpConnect(utf.take(host), port, error);
-        talvern::log::trace(7, "Return from tcpConnect is %d", isConnected ? 1 : 0);
-        talvern::log::trace(7, "Err is %s", error.c_str());
+        const bool isConnected = diagnosticUtils::tcpConnect(utf.take(host), port, error);
+        log::trace(7, "Return from tcpConnect is %d", isConnected ? 1 : 0);
+        log::trace(7, "Err is %s", error.c_str());
         utf.release();
         return toJavaString(env, isConnected ? "" : error);
     });
@@ -202,20 +181,20 @@ JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1pingH
     return entryPoint(env, jboolean{JNI_FALSE}, [&] {
         UtfStrings utf{env};
         std::string output;
-        return toJavaBoolean(diagnostics::pingHost(utf.take(host), output));
+        return toJavaBoolean(diagnosticUtils::pingHost(utf.take(host), output));
     });
 }
 
 JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1networkReady(JNIEnv* env, jobject) {
     return entryPoint(env, jint{4}, [] {
-        const std::int32_t state = diagnostics::networkReady();
+        const std::int32_t state = diagnosticUtils::networkReady();
         return state == 1 || state == 2 ? state : 3;
     });
 }
 
 JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1syncNTPServer(JNIEnv* env, jobject,
                                                                                          jstring server) {
-    return answer(env, appliance::syncNTPServer, server);
+    return passOn(env, jboolean{JNI_FALSE}, applianceUtils::syncNTPServer, server);
 }
 
 // Reset and host keys
@@ -226,8 +205,8 @@ JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1deviceRES
         // All that may fail comes first: a reset can't be taken back.
         const JavaFileErrors javaFileErrors{env};
         const auto slots = static_cast<std::size_t>(lengthOf(env, javaErrors));
-        std::vector<appliance::resetFileError> errors;
-        const std::int32_t status = appliance::deviceRESET(errors);
+        std::vector<applianceUtils::resetFileError> errors;
+        const std::int32_t status = applianceUtils::deviceRESET(errors);
         if (errors.size() > slots) errors.resize(slots);
         jsize index = 0;
         for (const auto& error : errors)
@@ -238,19 +217,18 @@ JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1deviceRES
 
 JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1areHostSSHKeysStrong(JNIEnv* env,
                                                                                                 jobject) {
-    return answer(env, appliance::areHostSSHKeysStrong);
+    return passOn(env, jboolean{JNI_FALSE}, applianceUtils::areHostSSHKeysStrong);
 }
 
 JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1resetHostSSHKeys(JNIEnv* env,
                                                                                         jobject) {
-    return entryPoint(env, jint{2}, [] { return appliance::resetHostSSHKeys(); });
+    return passOn(env, jint{2}, applianceUtils::resetHostSSHKeys);
 }
 
 JNIEXPORT void JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1triggerException(JNIEnv* env, jobject,
                                                                                         jstring text) {
-    entryPoint(env, [&] {
-        UtfStrings utf{env};
-        appliance::triggerException(utf.take(text));
-    });
+    passOn(env, applianceUtils::triggerException, text);
 }
 }
+
+}  // namespace talvern::bridge

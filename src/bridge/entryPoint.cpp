@@ -2,6 +2,10 @@
 
 #include <new>
 
+namespace talvern::bridge {
+
 void ensureJavaException(JNIEnv* env) noexcept {
     if (env->ExceptionCheck() == JNI_FALSE) translate(env, std::bad_alloc{});
 }
+
+}  // namespace talvern::bridge

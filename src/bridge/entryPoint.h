@@ -8,6 +8,8 @@
 #include "bridge/handleException.h"
 #include "bridge/pendingJavaException.h"
 
+namespace talvern::bridge {
+
 // The frames around the bodies of the native methods. No C++ exception leaves them: each reaches Java as a
 // Java exception, and the native method returns its failure value.
 
@@ -59,30 +61,4 @@ void entryPoint(JNIEnv* env, Body body) noexcept {
     });
 }
 
-/// The frame of a native method that lets the configuration service check a value: a ValidationException
-/// reaches Java as such.
-template <typename Result, typename Body>
-Result validatingEntryPoint(JNIEnv* env, Result failureValue, Body body) noexcept {
-    return entryPoint(env, failureValue, [&]() -> Result {
-        try {
-            return body();
-        } catch (const talvern::config::messaging::ValidationException& exception) {
-            translate(env, exception);
-        }
-        return failureValue;
-    });
-}
-
-/// The frame of a native method that changes the configuration: a ConfigChangeException reaches Java as
-/// such, too.
-template <typename Result, typename Body>
-Result changingEntryPoint(JNIEnv* env, Result failureValue, Body body) noexcept {
-    return validatingEntryPoint(env, failureValue, [&]() -> Result {
-        try {
-            return body();
-        } catch (const talvern::config::messaging::ConfigChangeException& exception) {
-            translate(env, exception);
-        }
-        return failureValue;
-    });
-}
+}  // namespace talvern::bridge

@@ -4,6 +4,8 @@
 #include "bridge/marshalling.h"
 #include "platform/log.h"
 
+namespace talvern::bridge {
+
 namespace {
 
 void discardPending(JNIEnv* env) {
@@ -32,6 +34,10 @@ bool throwTalvernException(JNIEnv* env, const char* message) {
     env->ThrowNew(exceptionClass, message);
     return true;
 }
+
+}  // namespace talvern::bridge
+
+using namespace talvern::bridge;
 
 bool handleException(JNIEnv* env) {
     talvern::log::trace(3, "Unknown exception caught in libtalvern JNI");

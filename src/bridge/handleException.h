@@ -24,6 +24,10 @@ JNIEXPORT bool handleException(JNIEnv* env, const talvern::config::messaging::Va
 JNIEXPORT bool
 handleException(JNIEnv* env, const talvern::config::messaging::ConfigChangeException& exception);
 
+namespace talvern::bridge {
+
 /// Throws a TalvernException with this message, and nothing else: no trace line, nothing discarded before.
 /// False: the class was not found, and the JVM's error is pending.
 bool throwTalvernException(JNIEnv* env, const char* message);
+
+}  // namespace talvern::bridge

@@ -5,6 +5,8 @@
 #include "bridge/pendingJavaException.h"
 #include "bridge/signature.h"
 
+namespace talvern::bridge {
+
 // Java classes and their members. A member is named by its JNI signature, from which the compiler derives
 // the call routine and the arguments that it accepts. A lookup that fails throws PendingJavaException and
 // leaves the JVM's error pending. Nothing here outlives the call of a native method.
@@ -100,3 +102,5 @@ template <Literal Name, Literal Signature, typename... Arguments>
 auto call(JNIEnv* env, jobject receiver, Arguments... arguments) {
     return Method<Name, Signature>{env, classOf(env, receiver)}(receiver, arguments...);
 }
+
+}  // namespace talvern::bridge

@@ -5,6 +5,8 @@
 
 #include "bridge/utfStrings.h"
 
+namespace talvern::bridge {
+
 std::string toNativeString(JNIEnv* env, jstring string) {
     UtfStrings utf{env};
     return utf.take(string);
@@ -43,3 +45,5 @@ jsize toJavaSize(std::size_t size) {
 jobjectArray toJavaStringArray(JNIEnv* env, const std::vector<std::string>& texts) {
     return toJavaStringArray(env, texts, [](const std::string&) {});
 }
+
+}  // namespace talvern::bridge

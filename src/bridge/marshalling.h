@@ -9,6 +9,8 @@
 
 #include "bridge/javaMembers.h"
 
+namespace talvern::bridge {
+
 // Conversions that all native methods share. Texts are modified UTF-8 on both sides. Every result is a new
 // local reference. A lookup that fails throws PendingJavaException.
 
@@ -140,3 +142,5 @@ class JavaLists {
 constexpr jboolean isSuccess(int status) { return status == 0 ? JNI_TRUE : JNI_FALSE; }
 
 constexpr jboolean toJavaBoolean(bool value) { return value ? JNI_TRUE : JNI_FALSE; }
+
+}  // namespace talvern::bridge

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+namespace talvern::bridge {
+
 /// Makes sure that each pointer of a list from the platform leads to a record.
 /// @throws std::runtime_error  one is null; the message names the list and the index
 template <typename Record>
@@ -15,3 +17,5 @@ void requireRecords(const std::vector<Record*>& records, const std::string& list
         }
     }
 }
+
+}  // namespace talvern::bridge

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <type_traits>
 
+namespace talvern::bridge {
+
 /// A string literal as a template argument.
 template <std::size_t Size>
 struct Literal {
@@ -131,3 +133,5 @@ template <typename... Arguments>
 std::array<jvalue, sizeof...(Arguments) + 1> toJvalues(Arguments... arguments) {
     return {toJvalue(arguments)..., jvalue{}};
 }
+
+}  // namespace talvern::bridge

@@ -9,6 +9,8 @@
 
 #include "bridge/pendingJavaException.h"
 
+namespace talvern::bridge {
+
 /// The UTF characters that one native method has taken from Java strings.
 /// Gives each buffer back exactly once, in the order taken: on `release`, or else when it goes out of scope.
 class UtfStrings {
@@ -59,3 +61,5 @@ class UtfStrings {
     std::array<Taken, 4> first_{};  ///< more than almost all native methods take, and without an allocation
     std::vector<Taken> further_;
 };
+
+}  // namespace talvern::bridge

@@ -5,9 +5,10 @@
 #include "bridge/entryPoint.h"
 #include "bridge/javaMembers.h"
 #include "bridge/marshalling.h"
+#include "bridge/passOn.h"
 #include "bridge/utfStrings.h"
 
-namespace packetCapture = talvern::packetCapture;
+namespace talvern::bridge {
 
 namespace {
 
@@ -50,18 +51,12 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_appliance_PacketCapture__1startPa
 
 JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_PacketCapture__1stopPacketCapture(
     JNIEnv* env, jobject, jstring interfaceName) {
-    return entryPoint(env, jint{0}, [&] {
-        UtfStrings utf{env};
-        return packetCapture::sStopPacketCapture(utf.take(interfaceName));
-    });
+    return passOn(env, jint{0}, packetCapture::sStopPacketCapture, interfaceName);
 }
 
 JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_PacketCapture__1removeCapture(JNIEnv* env, jobject,
                                                                                     jstring interfaceName) {
-    return entryPoint(env, jint{0}, [&] {
-        UtfStrings utf{env};
-        return packetCapture::sRemoveCapture(utf.take(interfaceName));
-    });
+    return passOn(env, jint{0}, packetCapture::sRemoveCapture, interfaceName);
 }
 
 JNIEXPORT jobject JNICALL Java_com_kvo_talvern_appliance_PacketCapture__1getAllCapturedInterfaces(JNIEnv* env,
@@ -80,3 +75,5 @@ Java_com_kvo_talvern_appliance_PacketCapture__1getCaptureInfo(JNIEnv* env, jobje
     });
 }
 }
+
+}  // namespace talvern::bridge

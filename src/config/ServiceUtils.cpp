@@ -4,15 +4,17 @@
 #include <string>
 #include <vector>
 
-#include "bridge/entryPoint.h"
 #include "bridge/marshalling.h"
 #include "bridge/utfStrings.h"
+#include "config/configurationFrames.h"
 #include "config/states.h"
 #include "config/valueConversion.h"
 #include "platform/configService.h"
 
-using talvern::config::Service;
-using talvern::config::Value;
+namespace talvern::bridge {
+
+using config::Service;
+using config::Value;
 
 namespace {
 
@@ -34,7 +36,7 @@ struct ObjectId {
 
 /// Stores the outcome on the receiver, gives the characters back, and makes the outcome the result.
 jobject report(JNIEnv* env, jobject receiver, UtfStrings& utf, Service::ReturnCode code) {
-    const JavaReturnCodes codes{env, talvern::config::RETURNCODE_STR};
+    const JavaReturnCodes codes{env, config::RETURNCODE_STR};
     storeReturnCode(env, receiver, codes.of(code));
     utf.release();
     return codes.of(code);
@@ -214,3 +216,5 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1setOpState(
     });
 }
 }
+
+}  // namespace talvern::bridge

@@ -8,11 +8,13 @@
 #include "bridge/marshalling.h"
 #include "config/valueConversion.h"
 
+namespace talvern::bridge {
+
 extern "C" {
 
 JNIEXPORT jstring JNICALL Java_com_kvo_talvern_config_Value__1asXML(JNIEnv* env, jobject receiver) {
     return entryPoint(env, jstring{}, [&]() -> jstring {
-        const std::unique_ptr<const talvern::config::Value> tree{convertJValue2Value(env, receiver)};
+        const std::unique_ptr<const config::Value> tree{convertJValue2Value(env, receiver)};
         if (tree == nullptr) {
             throwTalvernException(env, "value could not be converted");
             return nullptr;
@@ -21,3 +23,5 @@ JNIEXPORT jstring JNICALL Java_com_kvo_talvern_config_Value__1asXML(JNIEnv* env,
     });
 }
 }
+
+}  // namespace talvern::bridge

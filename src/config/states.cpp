@@ -4,7 +4,7 @@
 
 #include "bridge/javaMembers.h"
 
-using talvern::config::Service;
+namespace talvern::bridge {
 
 namespace {
 
@@ -14,6 +14,15 @@ jint numberOf(JNIEnv* env, jobject state) {
 }
 
 }  // namespace
+
+void storeReturnCode(JNIEnv* env, jobject holder, jobject javaCode) {
+    call<"setReturnCode", "(Lcom/kvo/talvern/config/ReturnCode;)V">(env, holder, javaCode);
+}
+
+}  // namespace talvern::bridge
+
+using namespace talvern::bridge;
+using talvern::config::Service;
 
 jobject convertOpState(JNIEnv* env, Service::OpState state) {
     return JavaConstants<"com/kvo/talvern/config/OpState">{env, talvern::config::OPSTATE_STR}.of(state);
@@ -37,8 +46,4 @@ Service::AdminState convertJAdminState(JNIEnv* env, jobject state) {
 
 void setReturnCode(JNIEnv* env, jobject holder, Service::ReturnCode code) {
     storeReturnCode(env, holder, convertReturnCode(env, code));
-}
-
-void storeReturnCode(JNIEnv* env, jobject holder, jobject javaCode) {
-    call<"setReturnCode", "(Lcom/kvo/talvern/config/ReturnCode;)V">(env, holder, javaCode);
 }

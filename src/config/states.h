@@ -10,6 +10,8 @@
 // States and return codes of the configuration service. They reach Java by name and come from Java by number.
 // A lookup that fails throws PendingJavaException. Results are local references.
 
+namespace talvern::bridge {
+
 /// The constants of a Java enum by the names that the platform gives them, from one lookup.
 template <Literal Class>
 class JavaConstants {
@@ -31,6 +33,11 @@ class JavaConstants {
 
 using JavaReturnCodes = JavaConstants<"com/kvo/talvern/config/ReturnCode">;
 
+/// Stores the Java constant of a return code there.
+void storeReturnCode(JNIEnv* env, jobject holder, jobject javaCode);
+
+}  // namespace talvern::bridge
+
 /// The Java constant; null if Java has none of this name, with its IllegalArgumentException pending.
 JNIEXPORT jobject convertOpState(JNIEnv* env, talvern::config::Service::OpState state);
 
@@ -49,6 +56,3 @@ JNIEXPORT talvern::config::Service::AdminState convertJAdminState(JNIEnv* env, j
 
 /// Stores `code` on the Java object that asked for the operation.
 JNIEXPORT void setReturnCode(JNIEnv* env, jobject holder, talvern::config::Service::ReturnCode code);
-
-/// Stores the Java constant of a return code there.
-void storeReturnCode(JNIEnv* env, jobject holder, jobject javaCode);

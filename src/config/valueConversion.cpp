@@ -10,10 +10,12 @@
 #include "bridge/marshalling.h"
 #include "bridge/utfStrings.h"
 
-using talvern::config::ArrayValue;
-using talvern::config::SimpleValue;
-using talvern::config::StructValue;
-using talvern::config::Value;
+namespace talvern::bridge {
+
+using config::ArrayValue;
+using config::SimpleValue;
+using config::StructValue;
+using config::Value;
 
 namespace {
 
@@ -301,6 +303,10 @@ class ToNative {
 };
 
 }  // namespace
+
+}  // namespace talvern::bridge
+
+using namespace talvern::bridge;
 
 jobject convertValue2JValue(JNIEnv* env, const Value* value) {
     ToJava steps{env};

@@ -5,12 +5,13 @@
 
 #include "bridge/entryPoint.h"
 #include "bridge/marshalling.h"
+#include "bridge/passOn.h"
 #include "hardware/readList.h"
 #include "hardware/sensors.h"
 #include "hardware/storage.h"
 #include "platform/statusUtils.h"
 
-namespace statusUtils = talvern::statusUtils;
+namespace talvern::bridge {
 
 namespace {
 
@@ -47,11 +48,6 @@ jlong readBatteryTime(std::int32_t statusUtils::BatteryStatus::*time) {
     statusUtils::BatteryStatus battery{};
     if (!statusUtils::getBatteryStatus(battery) || battery.*time == 0) return -1;
     return jlong{battery.*time} * 1000;
-}
-
-/// Whether the service is ready now.
-jboolean isReady(bool (*ask)(statusUtils::ServiceStatus, std::int32_t), jint service) {
-    return toJavaBoolean(ask(static_cast<statusUtils::ServiceStatus>(service), 0));
 }
 
 }  // namespace
@@ -109,7 +105,7 @@ JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getF
 }
 
 JNIEXPORT jlong JNICALL Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getUptime(JNIEnv* env, jobject) {
-    return entryPoint(env, jlong{-1}, [] { return statusUtils::getUptime(); });
+    return passOn(env, jlong{-1}, statusUtils::getUptime);
 }
 
 JNIEXPORT jobject JNICALL Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getFlashStatus(JNIEnv* env,
@@ -134,7 +130,7 @@ Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getBatteryExpirationTime(JN
 
 JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_HardwareStatusUtils__1batteryReplaced(JNIEnv* env,
                                                                                                 jobject) {
-    return entryPoint(env, jboolean{JNI_FALSE}, [] { return toJavaBoolean(statusUtils::batteryReplaced()); });
+    return passOn(env, jboolean{JNI_FALSE}, statusUtils::batteryReplaced);
 }
 
 JNIEXPORT jobject JNICALL Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getIntrusionStatus(JNIEnv* env,
@@ -150,24 +146,24 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_appliance_HardwareStatusUtils__1g
 
 JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_HardwareStatusUtils__1clearIntrusionStatus(JNIEnv* env,
                                                                                                  jobject) {
-    return entryPoint(env, jint{-1}, [] { return statusUtils::clearIntrusionStatus(); });
+    return passOn(env, jint{-1}, statusUtils::clearIntrusionStatus);
 }
 
 JNIEXPORT void JNICALL Java_com_kvo_talvern_appliance_HardwareStatusUtils__1setLocateLED(JNIEnv* env, jobject,
                                                                                          jboolean on) {
-    entryPoint(env, [&] { statusUtils::setLocateLED(on != JNI_FALSE); });
+    passOn(env, statusUtils::setLocateLED, on);
 }
 
 JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_HardwareStatusUtils__1isServiceReady(JNIEnv* env,
                                                                                                jobject,
                                                                                                jint service) {
-    return entryPoint(env, jboolean{JNI_FALSE},
-                      [&] { return isReady(statusUtils::isServiceReady, service); });
+    return passOn(env, jboolean{JNI_FALSE}, statusUtils::isServiceReady, service, jint{0});
 }
 
 JNIEXPORT jboolean JNICALL
 Java_com_kvo_talvern_appliance_HardwareStatusUtils__1isNetServiceReady(JNIEnv* env, jobject, jint service) {
-    return entryPoint(env, jboolean{JNI_FALSE},
-                      [&] { return isReady(statusUtils::isNetServiceReady, service); });
+    return passOn(env, jboolean{JNI_FALSE}, statusUtils::isNetServiceReady, service, jint{0});
 }
 }
+
+}  // namespace talvern::bridge

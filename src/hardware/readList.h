@@ -2,6 +2,8 @@
 
 #include <vector>
 
+namespace talvern::bridge {
+
 /// What `read` puts into an empty list; nothing if it fails, since Java is told the same of both.
 template <typename Entry>
 std::vector<Entry> readList(bool (*read)(std::vector<Entry>&)) {
@@ -9,3 +11,5 @@ std::vector<Entry> readList(bool (*read)(std::vector<Entry>&)) {
     if (!read(list)) list.clear();
     return list;
 }
+
+}  // namespace talvern::bridge

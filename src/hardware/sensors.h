@@ -12,13 +12,15 @@
 #include "hardware/readList.h"
 #include "platform/statusUtils.h"
 
+namespace talvern::bridge {
+
 // What the Java constructor of each kind of sensor takes behind name, reading and flag: nothing, or six
 // limits.
 
-inline std::array<jdouble, 0> limitsOf(const talvern::statusUtils::FanStatus&) { return {}; }
-inline std::array<jdouble, 0> limitsOf(const talvern::statusUtils::TempStatus&) { return {}; }
-inline std::array<jdouble, 6> limitsOf(const talvern::statusUtils::PowerStatus&) { return {}; }
-inline std::array<jdouble, 6> limitsOf(const talvern::statusUtils::VoltStatus& voltage) {
+inline std::array<jdouble, 0> limitsOf(const statusUtils::FanStatus&) { return {}; }
+inline std::array<jdouble, 0> limitsOf(const statusUtils::TempStatus&) { return {}; }
+inline std::array<jdouble, 6> limitsOf(const statusUtils::PowerStatus&) { return {}; }
+inline std::array<jdouble, 6> limitsOf(const statusUtils::VoltStatus& voltage) {
     // Crossed on purpose: the record has the maximum first, the Java constructor the minimum.
     return {static_cast<jdouble>(voltage.minimum), static_cast<jdouble>(voltage.maximum)};
 }
@@ -44,3 +46,5 @@ jobjectArray readSensors(JNIEnv* env, bool (*read)(std::vector<Status>&)) {
         return std::apply(createWith, limitsOf(sensor));
     });
 }
+
+}  // namespace talvern::bridge

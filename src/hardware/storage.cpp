@@ -9,9 +9,11 @@
 #include "hardware/readList.h"
 #include "platform/statusUtils.h"
 
-using talvern::statusUtils::DiskSnapShot;
-using talvern::statusUtils::PartitionStatus;
-using talvern::statusUtils::VolumeStatus;
+namespace talvern::bridge {
+
+using statusUtils::DiskSnapShot;
+using statusUtils::PartitionStatus;
+using statusUtils::VolumeStatus;
 
 namespace {
 
@@ -32,7 +34,7 @@ jobjectArray readRaidVolumes(JNIEnv* env) {
     const Constructor<"(Ljava/lang/String;IILjava/lang/String;Z)V"> createPartition{env, partitionClass};
     const Constructor<"()V"> createEmptyPartition{env, partitionClass};
 
-    const std::vector<VolumeStatus> volumes = readList(talvern::statusUtils::getVolumeStatus);
+    const std::vector<VolumeStatus> volumes = readList(statusUtils::getVolumeStatus);
     if (volumes.empty()) return nullptr;
 
     const auto toJavaPartition = [&](const PartitionStatus& partition) {
@@ -57,7 +59,7 @@ jobjectArray readDiskSnapShots(JNIEnv* env) {
         create{env, diskClass};
     const Constructor<"()V"> createEmpty{env, diskClass};
 
-    const std::vector<DiskSnapShot*> disks = readList(talvern::statusUtils::getRaidPhysDiskStatus);
+    const std::vector<DiskSnapShot*> disks = readList(statusUtils::getRaidPhysDiskStatus);
     if (disks.empty()) return nullptr;
     requireRecords(disks, "physical disks");
 
@@ -81,3 +83,5 @@ jobjectArray readDiskSnapShots(JNIEnv* env) {
                       interfaceType, location);
     });
 }
+
+}  // namespace talvern::bridge

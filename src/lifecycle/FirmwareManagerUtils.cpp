@@ -6,8 +6,11 @@
 
 #include "bridge/entryPoint.h"
 #include "bridge/marshalling.h"
+#include "bridge/passOn.h"
 #include "bridge/utfStrings.h"
 #include "lifecycle/FwUpgradeProgressCallback.h"
+
+namespace talvern::bridge {
 
 namespace {
 
@@ -22,25 +25,22 @@ extern "C" {
 
 JNIEXPORT jboolean JNICALL
 Java_com_kvo_talvern_firmwaremanager_FirmwareManagerUtils__1isReleaseKeyed(JNIEnv* env, jobject) {
-    return entryPoint(env, jboolean{JNI_FALSE},
-                      [] { return toJavaBoolean(talvern::firmwareManagerUtils::isReleaseKeyed()); });
+    return passOn(env, jboolean{JNI_FALSE}, firmwareManagerUtils::isReleaseKeyed);
 }
 
 JNIEXPORT jint JNICALL
 Java_com_kvo_talvern_firmwaremanager_FirmwareManagerUtils__1rollbackFirmware(JNIEnv* env, jobject) {
-    return entryPoint(env, jint{0},
-                      [] { return talvern::firmwareManagerUtils::rollback() != 0 ? jint{1} : jint{0}; });
+    return entryPoint(env, jint{0}, [] { return firmwareManagerUtils::rollback() != 0 ? jint{1} : jint{0}; });
 }
 
 JNIEXPORT jint JNICALL
 Java_com_kvo_talvern_firmwaremanager_FirmwareManagerUtils__1deletePreviousFirmware(JNIEnv* env, jobject) {
-    return entryPoint(env, jint{0}, [] { return talvern::firmwareManagerUtils::deletePrevious(); });
+    return passOn(env, jint{0}, firmwareManagerUtils::deletePrevious);
 }
 
 JNIEXPORT jint JNICALL Java_com_kvo_talvern_firmwaremanager_FirmwareManagerUtils__1reflashFirmware(
     JNIEnv* env, jobject, jstring image) {
-    return entryPoint(env, jint{-1},
-                      [&] { return talvern::firmwareManagerUtils::reflash(toNativeString(env, image)); });
+    return passOn(env, jint{-1}, firmwareManagerUtils::reflash, image);
 }
 
 JNIEXPORT jint JNICALL Java_com_kvo_talvern_firmwaremanager_FirmwareManagerUtils__1upgradeFirmware(
@@ -49,11 +49,13 @@ JNIEXPORT jint JNICALL Java_com_kvo_talvern_firmwaremanager_FirmwareManagerUtils
         UtfStrings utf{env};
         const std::string name = utf.take(image);
         auto* progress = callback == nullptr ? registeredCallback() : registerCallback(env, callback);
-        const jint result = talvern::firmwareManagerUtils::upgrade(name, force != JNI_FALSE,
-                                                                   keepPrevious != JNI_FALSE, progress);
+        const jint result =
+            firmwareManagerUtils::upgrade(name, force != JNI_FALSE, keepPrevious != JNI_FALSE, progress);
         utf.release();
         sleepFully(3);  // the upgrade's last reports may still be on their way
         return result;
     });
 }
 }
+
+}  // namespace talvern::bridge

@@ -5,8 +5,13 @@
 #include <string>
 
 #include "bridge/marshalling.h"
-#include "bridge/processState.h"
 #include "lifecycle/platformThread.h"
+
+JavaVM* g_vm = nullptr;
+jobject sJCallback = nullptr;
+FwUpgradeProgressCallback* sFwCallback = nullptr;
+
+namespace talvern::bridge {
 
 namespace {
 
@@ -108,22 +113,7 @@ void report(JNIEnv* env, jint done, jint total, FwUpgradeCode code) {
 
 }  // namespace
 
-void FwUpgradeProgressCallback::progress(int done, int total, FwUpgradeCode code) {
-    // Before the lock: the JVM may have stopped for ever a thread that holds it.
-    if (processIsEnding()) return;
-    JavaVM* vm = vmOfRegisteredCallback();
-    JNIEnv* env = vm == nullptr ? nullptr : attachCurrentThread(vm);
-    if (env == nullptr) return;
-    const SetAside earlier{env};
-    try {
-        report(env, done, total, code);
-    } catch (...) {
-        // The report is dropped: the platform could do nothing about it, nor could Java on this thread.
-        env->ExceptionClear();
-    }
-}
-
-talvern::firmwareManagerUtils::UpgradeCallback* registerCallback(JNIEnv* env, jobject callback) {
+firmwareManagerUtils::UpgradeCallback* registerCallback(JNIEnv* env, jobject callback) {
     const std::lock_guard lock{stateMutex};
     if (g_vm == nullptr) {
         JavaVM* vm = nullptr;
@@ -138,7 +128,26 @@ talvern::firmwareManagerUtils::UpgradeCallback* registerCallback(JNIEnv* env, jo
     return sFwCallback;
 }
 
-talvern::firmwareManagerUtils::UpgradeCallback* registeredCallback() {
+firmwareManagerUtils::UpgradeCallback* registeredCallback() {
     const std::lock_guard lock{stateMutex};
     return sFwCallback;
+}
+
+}  // namespace talvern::bridge
+
+using namespace talvern::bridge;
+
+void FwUpgradeProgressCallback::progress(int done, int total, FwUpgradeCode code) {
+    // Before the lock: the JVM may have stopped for ever a thread that holds it.
+    if (processIsEnding()) return;
+    JavaVM* vm = vmOfRegisteredCallback();
+    JNIEnv* env = vm == nullptr ? nullptr : attachCurrentThread(vm);
+    if (env == nullptr) return;
+    const SetAside earlier{env};
+    try {
+        report(env, done, total, code);
+    } catch (...) {
+        // The report is dropped: the platform could do nothing about it, nor could Java on this thread.
+        env->ExceptionClear();
+    }
 }

@@ -4,15 +4,17 @@
 
 #include "bridge/entryPoint.h"
 #include "bridge/marshalling.h"
+#include "bridge/passOn.h"
 
-using talvern::processManagerUtils::PlatformLogLevel;
+namespace talvern::bridge {
+
+using processManagerUtils::PlatformLogLevel;
 
 extern "C" {
 
 JNIEXPORT jint JNICALL
 Java_com_kvo_talvern_processmanager_ProcessManagerUtils__1getPlatformTraceMask(JNIEnv* env, jobject) {
-    return entryPoint(env, jint{0},
-                      [] { return static_cast<jint>(talvern::processManagerUtils::getPlatformTraceMask()); });
+    return passOn(env, jint{0}, processManagerUtils::getPlatformTraceMask);
 }
 
 JNIEXPORT jobject JNICALL
@@ -20,7 +22,7 @@ Java_com_kvo_talvern_processmanager_ProcessManagerUtils__1getPlatformLogLevel(JN
     return entryPoint(env, jobject{}, [&] {
         const JavaEnum<"com/kvo/talvern/processmanager/ProcessManagerUtils$PlatformLogLevel"> levels{env};
         PlatformLogLevel level{};
-        if (talvern::processManagerUtils::getPlatformLogLevel(level) != 0) {
+        if (processManagerUtils::getPlatformLogLevel(level) != 0) {
             // A bare text, so that Java sees the exception of unknown kind.
             throw "system call failed, please check the trace log for details";
         }
@@ -30,41 +32,33 @@ Java_com_kvo_talvern_processmanager_ProcessManagerUtils__1getPlatformLogLevel(JN
 
 JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_processmanager_ProcessManagerUtils__1setPlatformLogLevel(
     JNIEnv* env, jobject, jint level) {
-    return entryPoint(env, jboolean{JNI_FALSE}, [&] {
-        return isSuccess(talvern::processManagerUtils::setPlatformLogLevel(PlatformLogLevel{level}));
-    });
+    return passOn(env, jboolean{JNI_FALSE}, processManagerUtils::setPlatformLogLevel, level);
 }
 
 JNIEXPORT void JNICALL Java_com_kvo_talvern_processmanager_ProcessManagerUtils__1distributeLogging(
     JNIEnv* env, jobject, jint traceMask, jint level) {
-    entryPoint(env, [&] {
-        talvern::processManagerUtils::distributeLogging(static_cast<unsigned int>(traceMask), level);
-    });
+    passOn(env, processManagerUtils::distributeLogging, traceMask, level);
 }
 
 JNIEXPORT jint JNICALL Java_com_kvo_talvern_processmanager_ProcessManagerUtils__1requestReboot(JNIEnv* env,
                                                                                                jobject) {
-    return entryPoint(env, jint{4}, [] { return talvern::processManagerUtils::requestReboot(); });
+    return passOn(env, jint{4}, processManagerUtils::requestReboot);
 }
 
 JNIEXPORT jint JNICALL Java_com_kvo_talvern_processmanager_ProcessManagerUtils__1requestShutdown(JNIEnv* env,
                                                                                                  jobject) {
-    return entryPoint(env, jint{4}, [] { return talvern::processManagerUtils::requestShutdown(); });
+    return passOn(env, jint{4}, processManagerUtils::requestShutdown);
 }
 
 JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_processmanager_ProcessManagerUtils__1signalProcessIsUnhealthy(
     JNIEnv* env, jobject, jstring process) {
-    return entryPoint(env, jboolean{JNI_FALSE}, [&] {
-        const std::string name = toNativeString(env, process);
-        return isSuccess(talvern::processManagerUtils::signalApplicationIsUnhealthy(name));
-    });
+    return passOn(env, jboolean{JNI_FALSE}, processManagerUtils::signalApplicationIsUnhealthy, process);
 }
 
 JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_processmanager_ProcessManagerUtils__1signalProcessIsReady(
     JNIEnv* env, jobject, jstring process) {
-    return entryPoint(env, jboolean{JNI_FALSE}, [&] {
-        const std::string name = toNativeString(env, process);
-        return isSuccess(talvern::processManagerUtils::signalIAmReady(name, false));
-    });
+    return passOn(env, jboolean{JNI_FALSE}, processManagerUtils::signalIAmReady, process, false);
 }
 }
+
+}  // namespace talvern::bridge

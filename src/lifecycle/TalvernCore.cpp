@@ -1,16 +1,16 @@
 #include <jni.h>
 
-#include "bridge/entryPoint.h"
-#include "bridge/utfStrings.h"
+#include "bridge/passOn.h"
 #include "platform/log.h"
+
+namespace talvern::bridge {
 
 extern "C" {
 
 JNIEXPORT void JNICALL Java_com_kvo_talvern_core_TalvernCore__1initLogging(JNIEnv* env, jobject,
                                                                            jstring name) {
-    entryPoint(env, [&] {
-        UtfStrings utf{env};
-        talvern::log::init(utf.take(name));
-    });
+    passOn(env, log::init, name);
 }
 }
+
+}  // namespace talvern::bridge

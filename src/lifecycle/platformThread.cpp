@@ -2,6 +2,8 @@
 
 #include <atomic>
 
+namespace talvern::bridge {
+
 namespace {
 
 /// A JVM that has exited blocks every thread that calls it, for ever. Platform threads keep away from it once
@@ -62,3 +64,5 @@ JNIEnv* attachCurrentThread(JavaVM* vm) {
     if (env != nullptr && !wasAttached) detacher.arm(vm);
     return static_cast<JNIEnv*>(env);
 }
+
+}  // namespace talvern::bridge

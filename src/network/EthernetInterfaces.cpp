@@ -6,11 +6,14 @@
 
 #include "bridge/entryPoint.h"
 #include "bridge/marshalling.h"
+#include "bridge/passOn.h"
 #include "bridge/utfStrings.h"
 #include "network/keyValPair.h"
 
-using talvern::types::InterfaceStatus;
-using talvern::types::KeyValPair;
+namespace talvern::bridge {
+
+using types::InterfaceStatus;
+using types::KeyValPair;
 
 namespace {
 
@@ -33,26 +36,6 @@ jobject getStatus(JNIEnv* env, jstring name, InterfaceStatus* (*read)(std::strin
     });
 }
 
-/// Changes an address that one text says all about: a virtual one of the loopback interface, or the hardware
-/// address that an interface has built in.
-jint changeAddress(JNIEnv* env, jstring text, std::int32_t (*change)(std::string)) {
-    return entryPoint(env, interfaceFailure, [&] {
-        UtfStrings utf{env};
-        return change(utf.take(text));
-    });
-}
-
-/// Changes an address for which the platform is told both the interface and the address.
-jint changeAddress(JNIEnv* env, jstring first, jstring second,
-                   std::int32_t (*change)(std::string, std::string)) {
-    return entryPoint(env, interfaceFailure, [&] {
-        UtfStrings utf{env};
-        const char* firstText = utf.take(first);
-        const char* secondText = utf.take(second);
-        return change(firstText, secondText);
-    });
-}
-
 }  // namespace
 
 extern "C" {
@@ -60,8 +43,7 @@ extern "C" {
 JNIEXPORT jobjectArray JNICALL
 Java_com_kvo_talvern_appliance_EthernetInterfaces__1getInterfaceNames(JNIEnv* env, jobject) {
     return entryPoint(env, jobjectArray{}, [&] {
-        const std::unique_ptr<const std::vector<std::string>> names{
-            talvern::ethernetInterfaces::getInterfaceNames()};
+        const std::unique_ptr<const std::vector<std::string>> names{ethernetInterfaces::getInterfaceNames()};
         return names == nullptr ? toJavaStringArray(env, {}) : toJavaStringArray(env, *names);
     });
 }
@@ -70,7 +52,7 @@ JNIEXPORT jobjectArray JNICALL
 Java_com_kvo_talvern_appliance_EthernetInterfaces__1getEthernetInterfaces(JNIEnv* env, jobject) {
     return entryPoint(env, jobjectArray{}, [&] {
         std::vector<KeyValPair*> interfaces;
-        const bool wereRead = talvern::ethernetInterfaces::getInterfaces(interfaces);
+        const bool wereRead = ethernetInterfaces::getInterfaces(interfaces);
         return wereRead ? toJavaHashMapArray(env, interfaces, JavaHashMaps{env}, "interfaces") : nullptr;
     });
 }
@@ -81,7 +63,7 @@ Java_com_kvo_talvern_appliance_EthernetInterfaces__1getEthernetInterface(JNIEnv*
         const std::string nativeName = toNativeString(env, name);
         const JavaHashMaps maps{env};
         jobject map = maps.create();
-        const KeyValPair* attributes = talvern::ethernetInterfaces::getInterface(nativeName);
+        const KeyValPair* attributes = ethernetInterfaces::getInterface(nativeName);
         if (attributes == nullptr) return nullptr;
         putAll(env, *attributes, maps, map);
         return map;
@@ -93,62 +75,63 @@ JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_EthernetInterfaces__1setEt
     return entryPoint(env, interfaceFailure, [&] {
         KeyValPair attributes;
         const bool isComplete = toKeyValPair(env, keys, values, attributes);
-        return isComplete ? talvern::ethernetInterfaces::setInterface(attributes) : interfaceFailure;
+        return isComplete ? ethernetInterfaces::setInterface(attributes) : interfaceFailure;
     });
 }
 
 JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_EthernetInterfaces__1clearEthernetInterface(
     JNIEnv* env, jobject, jstring name) {
-    return entryPoint(env, interfaceFailure,
-                      [&] { return talvern::ethernetInterfaces::clearInterface(toNativeString(env, name)); });
+    return passOn(env, interfaceFailure, ethernetInterfaces::clearInterface, name);
 }
 
 JNIEXPORT jobject JNICALL Java_com_kvo_talvern_appliance_EthernetInterfaces__1getEthernetInterfaceStatus(
     JNIEnv* env, jobject, jstring name) {
-    return getStatus(env, name, talvern::ethernetInterfaces::getInterfaceStatus);
+    return getStatus(env, name, ethernetInterfaces::getInterfaceStatus);
 }
 
 JNIEXPORT jobject JNICALL
 Java_com_kvo_talvern_appliance_EthernetInterfaces__1getAggregateStatus(JNIEnv* env, jobject, jstring name) {
-    return getStatus(env, name, talvern::ethernetInterfaces::getAggregateStatus);
+    return getStatus(env, name, ethernetInterfaces::getAggregateStatus);
 }
 
 JNIEXPORT jobject JNICALL Java_com_kvo_talvern_appliance_EthernetInterfaces__1getVLANStatus(JNIEnv* env,
                                                                                             jobject,
                                                                                             jstring name) {
-    return getStatus(env, name, talvern::ethernetInterfaces::getVLANStatus);
+    return getStatus(env, name, ethernetInterfaces::getVLANStatus);
 }
 
 JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_EthernetInterfaces__1addVIPToInterface(JNIEnv* env,
                                                                                              jobject,
                                                                                              jstring first,
                                                                                              jstring second) {
-    return changeAddress(env, first, second, talvern::ethernetInterfaces::addVIPToInterface);
+    return passOn(env, interfaceFailure, ethernetInterfaces::addVIPToInterface, first, second);
 }
 
 JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_EthernetInterfaces__1removeVIPFromInterface(
     JNIEnv* env, jobject, jstring first, jstring second) {
-    return changeAddress(env, first, second, talvern::ethernetInterfaces::removeVIPFromInterface);
+    return passOn(env, interfaceFailure, ethernetInterfaces::removeVIPFromInterface, first, second);
 }
 
 JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_EthernetInterfaces__1setHWAddressImmediate(
     JNIEnv* env, jobject, jstring first, jstring second) {
-    return changeAddress(env, first, second, talvern::ethernetInterfaces::setHWAddressImmediate);
+    return passOn(env, interfaceFailure, ethernetInterfaces::setHWAddressImmediate, first, second);
 }
 
 JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_EthernetInterfaces__1addVIPToLoopback(JNIEnv* env,
                                                                                             jobject,
                                                                                             jstring address) {
-    return changeAddress(env, address, talvern::ethernetInterfaces::addVIPToLoopback);
+    return passOn(env, interfaceFailure, ethernetInterfaces::addVIPToLoopback, address);
 }
 
 JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_EthernetInterfaces__1removeVIPFromLoopback(
     JNIEnv* env, jobject, jstring address) {
-    return changeAddress(env, address, talvern::ethernetInterfaces::removeVIPFromLoopback);
+    return passOn(env, interfaceFailure, ethernetInterfaces::removeVIPFromLoopback, address);
 }
 
 JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_EthernetInterfaces__1resetHWAddressImmediate(
     JNIEnv* env, jobject, jstring name) {
-    return changeAddress(env, name, talvern::ethernetInterfaces::resetHWAddressImmediate);
+    return passOn(env, interfaceFailure, ethernetInterfaces::resetHWAddressImmediate, name);
 }
 }
+
+}  // namespace talvern::bridge

@@ -2,25 +2,24 @@
 
 #include <jni.h>
 
-#include "bridge/entryPoint.h"
-#include "bridge/marshalling.h"
-#include "bridge/utfStrings.h"
+#include "bridge/passOn.h"
+
+namespace talvern::bridge {
 
 extern "C" {
 
 JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_NodeName__1initNodeName(JNIEnv* env, jobject) {
-    return entryPoint(env, jint{-1}, [] { return talvern::nodeName::init(); });
+    return passOn(env, jint{-1}, nodeName::init);
 }
 
 JNIEXPORT jstring JNICALL Java_com_kvo_talvern_appliance_NodeName__1getNodeName(JNIEnv* env, jobject) {
-    return entryPoint(env, jstring{}, [&] { return toJavaString(env, talvern::nodeName::get()); });
+    return passOn(env, jstring{}, nodeName::get);
 }
 
 JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_NodeName__1setNodeName(JNIEnv* env, jobject,
                                                                                  jstring name) {
-    return entryPoint(env, jboolean{JNI_FALSE}, [&] {
-        UtfStrings utf{env};
-        return isSuccess(talvern::nodeName::set(utf.take(name)));
-    });
+    return passOn(env, jboolean{JNI_FALSE}, nodeName::set, name);
 }
 }
+
+}  // namespace talvern::bridge

@@ -5,7 +5,9 @@
 #include "bridge/requireRecords.h"
 #include "bridge/utfStrings.h"
 
-using talvern::types::KeyValPair;
+namespace talvern::bridge {
+
+using types::KeyValPair;
 
 void putAll(JNIEnv* env, const KeyValPair& attributes, const JavaHashMaps& maps, jobject map) {
     for (const auto& [key, value] : attributes.pairs) {
@@ -41,3 +43,5 @@ bool toKeyValPair(JNIEnv* env, jobjectArray keys, jobjectArray values, KeyValPai
     }
     return true;
 }
+
+}  // namespace talvern::bridge

@@ -85,10 +85,10 @@ TEST_F(ValueTest, ClonesDeeplyAndDestroysInTheOrderOfKeysAndElements) {
     EXPECT_THAT(destroyed, inOrder);
 }
 
-/// A text below 99,999 lists and structures, each with a sibling before and behind.
+/// A text below 999 lists and structures, each with a sibling before and behind.
 std::unique_ptr<Value> deepTree(const std::function<bool(int level)>& isStruct) {
     std::unique_ptr<Value> tree = std::make_unique<SimpleValue>("innermost", false);
-    for (int level = 1; level < 100'000; ++level) {
+    for (int level = 1; level < 1000; ++level) {
         if (isStruct(level)) {
             auto outer = std::make_unique<StructValue>(false);
             outer->put("a", std::make_unique<SimpleValue>("text", false));

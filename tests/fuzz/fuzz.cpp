@@ -6,11 +6,13 @@
 #include <iostream>
 
 #include "bridge/signature.h"
-#include "platform/value.h"
 #include "mocks/config.h"
 #include "mocks/network.h"
+#include "platform/value.h"
 #include "support/jvm.h"
 #include "support/natives.h"
+
+using namespace talvern::bridge;
 
 using talvern::config::Service;
 using talvern::config::Value;

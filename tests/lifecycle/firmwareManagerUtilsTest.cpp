@@ -264,7 +264,8 @@ TEST_F(FirmwareTest, RunsTwoUpgradesAtOnce) {
     const std::vector<jobject> callbacks{env->NewGlobalRef(newCallback()), env->NewGlobalRef(newCallback())};
     const auto run = [&method = bridgeNative("_upgradeFirmware")](jobject callback) {
         const LocalFrame frame;
-        const std::vector<jvalue> arguments{toJvalue(javaString("image")), {}, {}, toJvalue(callback)};
+        const std::vector<jvalue> arguments{
+            talvern::bridge::toJvalue(javaString("image")), {}, {}, talvern::bridge::toJvalue(callback)};
         for (int i = 0; i < upgrades; ++i) EXPECT_EQ(invoke(method, arguments).exception, "");
     };
     std::thread other{[&] {

@@ -67,11 +67,11 @@ class BridgeTest : public testing::Test {
     template <typename Argument>
     static jvalue toArgument(const Argument& argument) {
         if constexpr (std::is_convertible_v<Argument, std::string_view>) {
-            return toJvalue(javaString(argument));
+            return talvern::bridge::toJvalue(javaString(argument));
         } else if constexpr (std::is_same_v<Argument, Texts>) {
-            return toJvalue(javaStrings(argument));
+            return talvern::bridge::toJvalue(javaStrings(argument));
         } else {
-            return toJvalue(argument);
+            return talvern::bridge::toJvalue(argument);
         }
     }
 

@@ -24,6 +24,7 @@ JavaVM* createJvm() {
         "-XX:+LogVMOutput",
         "-XX:LogFile=" + logFile,
     };
+    texts.emplace_back("-Dtalvern.stackFactor=" TALVERN_STACK_FACTOR);
     if (isJniChecked()) texts.emplace_back("-Xcheck:jni");
     std::vector<JavaVMOption> options;
     for (std::string& text : texts) options.push_back({text.data(), nullptr});

@@ -8,6 +8,8 @@
 #include "support/allocation.h"
 #include "support/jvm.h"
 
+using namespace talvern::bridge;
+
 namespace {
 
 /// The function of the loaded `library` that the JVM binds to the method; null if there is none.

@@ -86,7 +86,7 @@ std::string failureValue(const NativeMethod& native) {
         {"3", {"_deviceRESET"}},
         {"4", {"_requestReboot", "_requestShutdown", "_networkReady"}},
         {"99", {"_addUser", "_deleteUser", "_sshKeyAdd", "_sshKeyDel"}}};
-    const std::string_view type = resultType(native.signature);
+    const std::string_view type = talvern::bridge::resultType(native.signature);
     if (type == "V") return "";
     if (type == "Z") return "false";
     if (type != "I" && type != "J") {
@@ -138,7 +138,7 @@ class Case {
 
 /// A null that the contract lets through.
 bool acceptsNull(const NativeMethod& native, std::size_t index) {
-    const std::string type{parameterType(native.signature, index)};
+    const std::string type{talvern::bridge::parameterType(native.signature, index)};
     if (native.className == "com/kvo/talvern/config/ServiceUtils") {
         return type == "Ljava/lang/String;" || type == "Lcom/kvo/talvern/config/Value;";
     }
@@ -204,8 +204,8 @@ Findings sweepNullArguments(const std::vector<NativeMethod>& natives) {
     for (const NativeMethod& native : natives) {
         std::vector<std::size_t> references;
         bool allAnswered = true;
-        for (std::size_t i = 0; i < parameterCount(native.signature); ++i) {
-            const std::string_view type = parameterType(native.signature, i);
+        for (std::size_t i = 0; i < talvern::bridge::parameterCount(native.signature); ++i) {
+            const std::string_view type = talvern::bridge::parameterType(native.signature, i);
             if (type.front() != 'L' && type.front() != '[') continue;
             const LocalFrame frame;
             references.push_back(i);
