@@ -2,6 +2,7 @@ package com.kvo.talvern.console;
 
 import java.io.IOException;
 import java.util.List;
+import java.util.function.Consumer;
 import java.util.stream.Stream;
 import picocli.CommandLine.Model.OptionSpec;
 import picocli.CommandLine.Model.PositionalParamSpec;
@@ -16,6 +17,7 @@ final class ActionCommand extends ConsoleCommand {
     private boolean takesPassword;
     private String question;
     private Iterable<String> candidates;
+    private Consumer<ActionCommand> check = command -> {};
 
     /** What a command does. */
     interface Action {
@@ -96,6 +98,17 @@ final class ActionCommand extends ConsoleCommand {
         return flag("--yes", "Don't ask whether to go on.");
     }
 
+    /** Lets more be asked of the arguments than that they are there: whatever throws a {@link #usageError}. */
+    ActionCommand checkedBy(Consumer<ActionCommand> howToCheck) {
+        check = howToCheck;
+        return this;
+    }
+
+    /** Tells a wrong command line, before anything is done. */
+    void check() {
+        check.accept(this);
+    }
+
     /** Makes sure that nothing shows what was typed as a password by mistake. */
     ActionCommand secret() {
         takesPassword = true;
@@ -136,7 +149,12 @@ final class ActionCommand extends ConsoleCommand {
     /** Asks for a password, or takes it from the standard input. */
     String password(String user, boolean isNew) throws IOException {
         output.flush();
-        String password = Input.password(user, isNew);
+        String password;
+        try {
+            password = Input.password(user, isNew);
+        } catch (IllegalArgumentException e) {
+            throw usageError(e.getMessage());
+        }
         if (password == null || password.isEmpty()) {
             throw usageError("No password was given on the standard input.");
         }

@@ -28,22 +28,46 @@ final class CallCommand {
     static ActionCommand create() {
         ActionCommand call = new ActionCommand("call", "Calls a native method by the API's method for it. Without a method:"
                 + " lists all, or those of a class, with their arguments. `null` is null, and \\null the text; a list has"
-                + " commas between its elements; options stand before the method. Passwords are asked for.", command -> {
-            String name = command.text("METHOD");
-            if (name == null || name.indexOf('.') < 0 && !Natives.all(name).isEmpty()) {
-                return new Fields().and("methods", describe(Natives.all(name)));
-            }
-            Method method = Natives.find(name);
-            if (method == null) {
-                throw command.usageError("There is no native method " + name + ".");
-            }
-            return call(command, method);
+                + " commas between its elements; what follows -- is no option. Passwords are asked for.", command -> {
+            Method method = method(command);
+            return method == null ? new Fields().and("methods", describe(Natives.all(command.text("METHOD"))))
+                    : call(command, method);
         });
-        call.completedBy(() -> Natives.all(null).stream().map(Natives::name).iterator())
+        call.completedBy(() -> names().iterator())
                 .optional("METHOD", "CLASS or CLASS.METHOD");
         call.list("ARG", "0..*", "An argument.").flag("--yes", "Don't ask whether to go on.").secret();
-        call.spec.parser().stopAtPositional(true);
+        call.checkedBy(CallCommand::check).spec.parser().unmatchedOptionsArePositionalParams(true); // such as -1
         return call;
+    }
+
+    /** The method that is to be called; null if methods are to be listed. */
+    private static Method method(ActionCommand command) {
+        String name = command.text("METHOD");
+        if (name == null || name.indexOf('.') < 0 && !Natives.all(name).isEmpty()) {
+            return null;
+        }
+        Method method = Natives.find(name);
+        if (method == null) {
+            throw command.usageError("There is no native method " + name + Nearest.hint(name, names()));
+        }
+        return method;
+    }
+
+    private static List<String> names() {
+        return Natives.all(null).stream().map(Natives::name).collect(Collectors.toList());
+    }
+
+    private static void check(ActionCommand command) {
+        Method method = method(command);
+        int given = command.list("ARG").size();
+        if (method == null && given > 0) {
+            throw command.usageError("A list of methods takes no arguments.");
+        }
+        List<Argument> parameters = method == null ? List.of() : parameters(method);
+        if (given != parameters.stream().filter(parameter -> !parameter.isPassword()).count()) {
+            String taken = parameters.stream().map(Argument::toString).collect(Collectors.joining(", "));
+            throw command.usageError(Natives.name(method) + " takes " + (taken.isEmpty() ? "no arguments" : taken) + ".");
+        }
     }
 
     private static Table describe(List<Method> methods) {
@@ -130,10 +154,6 @@ final class CallCommand {
     private static List<Object> arguments(ActionCommand command, Method method) throws IOException {
         List<Argument> parameters = parameters(method);
         List<String> words = command.list("ARG");
-        if (words.size() != parameters.stream().filter(parameter -> !parameter.isPassword()).count()) {
-            String taken = parameters.stream().map(Argument::toString).collect(Collectors.joining(", "));
-            throw command.usageError(Natives.name(method) + " takes " + (taken.isEmpty() ? "no arguments" : taken) + ".");
-        }
         List<Object> arguments = new ArrayList<>();
         int next = 0;
         for (Argument parameter : parameters) {

@@ -4,21 +4,25 @@ import com.kvo.talvern.TalvernException;
 import com.kvo.talvern.config.ConfigChangeException;
 import java.io.FileDescriptor;
 import java.io.FileOutputStream;
+import java.io.OutputStream;
 import java.io.PrintWriter;
 import java.nio.charset.StandardCharsets;
 import java.util.LinkedHashMap;
 import java.util.List;
 import java.util.Map;
+import java.util.concurrent.Callable;
 import java.util.function.Supplier;
 import java.util.stream.Collectors;
 import picocli.CommandLine;
 import picocli.CommandLine.Model.CommandSpec;
 import picocli.CommandLine.Model.OptionSpec;
 import picocli.CommandLine.ParameterException;
+import picocli.CommandLine.ParseResult;
+import picocli.CommandLine.RunLast;
 import picocli.CommandLine.UnmatchedArgumentException;
 
 /** The command line over the API. */
-public final class Console implements Runnable {
+public final class Console implements Callable<Integer> {
     private static final Map<String, Supplier<CommandSpec>> COMMANDS = new LinkedHashMap<>();
 
     static {
@@ -34,6 +38,7 @@ public final class Console implements Runnable {
         COMMANDS.put("run", () -> new RunCommand().spec);
         COMMANDS.put("check", () -> new CheckCommand().spec);
         COMMANDS.put("completion", () -> new CompletionCommand().spec);
+        COMMANDS.put("help", () -> new HelpCommand().spec);
     }
 
     private final CommandSpec spec = CommandSpec.wrapWithoutInspection(this).name("talvern-console");
@@ -49,10 +54,9 @@ public final class Console implements Runnable {
      * @param arguments the command line
      */
     public static void main(String[] arguments) {
-        PrintWriter out = writer(FileDescriptor.out);
-        PrintWriter err = writer(FileDescriptor.err);
+        PrintWriter out = writer(new StandardOutput());
+        PrintWriter err = writer(new FileOutputStream(FileDescriptor.err));
         int exitCode = execute(arguments, out, err);
-        out.flush();
         err.flush();
         System.exit(exitCode);
     }
@@ -60,9 +64,64 @@ public final class Console implements Runnable {
     /** Does what a command line says; the exit code. */
     static int execute(String[] arguments, PrintWriter out, PrintWriter err) {
         try {
-            return commandLine(arguments).setOut(out).setErr(err).execute(arguments);
+            int damaged = damaged(arguments);
+            if (damaged > 0) {
+                return fail(err, "Argument " + damaged + " can't be read as UTF-8; is the locale UTF-8 (LC_ALL=C.UTF-8)?",
+                        ExitCode.USAGE);
+            }
+            int exitCode = execute("", () -> {}, arguments, out, err);
+            out.flush();
+            return exitCode;
+        } catch (StandardOutput.Lost e) {
+            return fail(err, "The result can't be written: " + e.getMessage() + ".", ExitCode.OUTPUT_LOST);
+        }
+    }
+
+    /** The number of the first argument that did not arrive as it was given, since it or the locale is not UTF-8; or 0. */
+    private static int damaged(String[] arguments) {
+        boolean isUtf8 = System.getProperty("sun.jnu.encoding", "").equals("UTF-8");
+        for (int i = 0; i < arguments.length; ++i) {
+            if (arguments[i].indexOf('\uFFFD') >= 0 || !isUtf8 && arguments[i].chars().anyMatch(c -> c > 0x7f)) {
+                return i + 1;
+            }
+        }
+        return 0;
+    }
+
+    /**
+     * Does what a command line says.
+     *
+     * @param where stands before what is said of a failure
+     * @param beforehand is done when the command line has turned out to be right
+     * @return the exit code
+     */
+    static int execute(String where, Runnable beforehand, String[] arguments, PrintWriter out, PrintWriter err) {
+        CommandLine commandLine = commandLine(arguments).setOut(out).setErr(err)
+                .setParameterExceptionHandler((e, given) -> explainUsage(where, e))
+                .setExecutionExceptionHandler((e, command, parsed) -> explain(where, e, err))
+                .setExecutionStrategy(parsed -> {
+                    verify(parsed);
+                    beforehand.run();
+                    return new RunLast().execute(parsed);
+                });
+        try {
+            return commandLine.execute(arguments);
         } catch (LinkageError e) {
-            return fail(err, e.getMessage(), ExitCode.NOT_LOADED);
+            return fail(err, where + e.getMessage(), ExitCode.NOT_LOADED);
+        }
+    }
+
+    /** Tells what picocli finds right: the arguments of commands that check them, and unknown words before --help. */
+    private static void verify(ParseResult parsed) {
+        ParseResult last = parsed;
+        while (last.hasSubcommand()) {
+            last = last.subcommand();
+        }
+        CommandSpec command = last.commandSpec();
+        if (!last.unmatched().isEmpty()) {
+            throw new UnmatchedArgumentException(command.commandLine(), last.unmatched());
+        } else if (command.userObject() instanceof ActionCommand && !last.isUsageHelpRequested()) {
+            ((ActionCommand) command.userObject()).check();
         }
     }
 
@@ -74,7 +133,7 @@ public final class Console implements Runnable {
     }
 
     /** What reads these arguments: made ready for the command that they name, or else for help on all. */
-    static CommandLine commandLine(String... arguments) {
+    private static CommandLine commandLine(String... arguments) {
         CommandSpec spec = new Console().spec;
         List<String> words = List.of(arguments);
         Supplier<CommandSpec> command = words.isEmpty() ? null : COMMANDS.get(words.get(0));
@@ -98,44 +157,53 @@ public final class Console implements Runnable {
                 .setColorScheme(Terminal.colors())
                 .setUsageHelpWidth(Math.max(Terminal.width(80), 55))
                 .setExpandAtFiles(false)
-                .setCaseInsensitiveEnumValuesAllowed(true)
-                .setParameterExceptionHandler((e, given) -> explainUsage(e))
-                .setExecutionExceptionHandler((e, command, parsed) -> explain(e, command.getErr()));
+                .setCaseInsensitiveEnumValuesAllowed(true);
     }
 
     @Override
-    public void run() {
-        throw new ParameterException(spec.commandLine(), "A command is missing.");
+    public Integer call() {
+        return showUsage(spec);
     }
 
-    /** Says what is wrong with a command line. */
-    static int explainUsage(ParameterException e) {
+    /** Answers a command line that ends before a command with the usage. */
+    static int showUsage(CommandSpec spec) {
+        spec.commandLine().usage(spec.commandLine().getErr());
+        return ExitCode.USAGE;
+    }
+
+    /** Says what is wrong with a command line, but not what follows a word that is not understood: it may be a password. */
+    static int explainUsage(String where, ParameterException e) {
         CommandLine command = e.getCommandLine();
         String message = e.getMessage();
         if (e instanceof UnmatchedArgumentException) {
-            // Not picocli's message, which repeats all the rest, among which there may be a password.
+            String word = ((UnmatchedArgumentException) e).getUnmatched().get(0).replaceFirst("=.*", "");
             Object user = command.getCommand();
-            boolean mayBePassword = user instanceof ActionCommand && ((ActionCommand) user).takesPassword();
-            message = mayBePassword ? "There are too many arguments; passwords are asked for."
-                    : "'" + ((UnmatchedArgumentException) e).getUnmatched().get(0) + "' is not understood.";
+            if (user instanceof ActionCommand && ((ActionCommand) user).takesPassword()) {
+                message = "There are too many arguments; passwords are asked for.";
+            } else if (word.startsWith("-") || command.getSubcommands().isEmpty()) {
+                message = "'" + word + "' is not understood" + Nearest.hint(word, command.getCommandSpec().optionsMap().keySet());
+            } else {
+                message = "There is no such command" + Nearest.hint(word, command.getSubcommands().keySet());
+            }
         }
-        return fail(command.getErr(), message.replaceFirst("[.]?$", ". See `") + command.getCommandSpec().qualifiedName()
-                + " --help`.", ExitCode.USAGE);
+        return fail(command.getErr(), where + message + (message.matches("(?s).*[.?]") ? "" : ".") + " See `"
+                + command.getCommandSpec().qualifiedName() + " --help`.", ExitCode.USAGE);
     }
 
-    private static int explain(Exception e, PrintWriter err) {
+    private static int explain(String where, Exception e, PrintWriter err) {
         String kind = e instanceof TalvernException || e instanceof Refusal ? "" : e.getClass().getSimpleName() + ": ";
         String details = e instanceof ConfigChangeException ? ((ConfigChangeException) e).getDetails().stream()
                 .collect(Collectors.joining(", ", " (", ")")) : "";
-        return fail(err, kind + e.getMessage() + details, ExitCode.REFUSED);
+        return fail(err, where + kind + e.getMessage() + details, ExitCode.REFUSED);
     }
 
-    private static int fail(PrintWriter err, String message, int exitCode) {
+    /** Says why it failed. */
+    static int fail(PrintWriter err, String message, int exitCode) {
         err.println("talvern-console: " + message.replaceAll("\\p{Cntrl}+", " "));
         return exitCode;
     }
 
-    private static PrintWriter writer(FileDescriptor descriptor) {
-        return new PrintWriter(new FileOutputStream(descriptor), false, StandardCharsets.UTF_8);
+    private static PrintWriter writer(OutputStream stream) {
+        return new PrintWriter(stream, false, StandardCharsets.UTF_8);
     }
 }

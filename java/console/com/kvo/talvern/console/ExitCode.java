@@ -8,7 +8,7 @@ public final class ExitCode {
     /** The appliance refused it, or failed. */
     public static final int REFUSED = 1;
 
-    /** The command line is wrong. */
+    /** The command line, or what was to be read, is wrong. */
     public static final int USAGE = 2;
 
     /** The native library can't be loaded. */
@@ -16,6 +16,9 @@ public final class ExitCode {
 
     /** The Java classes, the bridge and the platform library don't fit together. */
     public static final int MISMATCH = 4;
+
+    /** The result could not be written, or not all of it. */
+    public static final int OUTPUT_LOST = 6;
 
     private ExitCode() {}
 }

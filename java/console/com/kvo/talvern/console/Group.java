@@ -3,12 +3,12 @@ package com.kvo.talvern.console;
 import java.util.LinkedHashMap;
 import java.util.List;
 import java.util.Map;
+import java.util.concurrent.Callable;
 import picocli.CommandLine.Model.CommandSpec;
 import picocli.CommandLine.Model.OptionSpec;
-import picocli.CommandLine.ParameterException;
 
 /** Commands on one subject. */
-class Group implements Runnable {
+class Group implements Callable<Integer> {
     /** The description, with the subcommands. */
     final CommandSpec spec;
 
@@ -68,7 +68,7 @@ class Group implements Runnable {
     }
 
     @Override
-    public void run() {
-        throw new ParameterException(spec.commandLine(), "A command is missing.");
+    public final Integer call() {
+        return Console.showUsage(spec);
     }
 }

@@ -1,28 +1,33 @@
 package com.kvo.talvern.console;
 
-import java.io.BufferedReader;
 import java.io.IOException;
 import java.io.InputStream;
-import java.io.InputStreamReader;
-import java.nio.charset.StandardCharsets;
 
 /** What the user types, or another program writes, while a command runs. */
 final class Input {
     private static InputStream source;
-    private static BufferedReader reader;
+    private static Lines lines;
+    private static LineEditor editor;
 
     private Input() {}
 
-    /** A line of the standard input; null at its end. */
-    static String line(String prompt) throws IOException {
-        if (isTerminal()) {
-            return System.console().readLine("%s", prompt);
-        }
+    /** The lines of the standard input where that is no terminal. Whoever reads them takes turns with the others. */
+    static Lines lines() {
         if (source != System.in) {
             source = System.in;
-            reader = new BufferedReader(new InputStreamReader(source, StandardCharsets.UTF_8));
+            lines = new Lines(source);
         }
-        return reader.readLine();
+        return lines;
+    }
+
+    /** From now on, lets what is typed be edited, and recalls what was typed before, if the terminal can do that. */
+    static void edit() throws IOException {
+        editor = LineEditor.create();
+    }
+
+    /** A line that is typed; null at the end. */
+    static String line(String prompt) throws IOException {
+        return editor != null ? editor.line(prompt) : System.console().readLine("%s", prompt);
     }
 
     /**
@@ -30,20 +35,25 @@ final class Input {
      *
      * @param isNew whether it has to be typed twice
      * @return the password; null if none was given
+     * @throws IllegalArgumentException if the line there can't be read; the message says why
      */
     static String password(String user, boolean isNew) throws IOException {
         if (!isTerminal()) {
             Refusal.unless(!Terminal.isInput(), "A password can't be asked for without echo while the output does not"
                     + " go to the terminal.");
-            return line("");
+            return lines().next();
         }
-        char[] password = System.console().readPassword("%s", "Password of " + user + ": ");
-        if (isNew && password != null) {
-            char[] again = System.console().readPassword("%s", "Once more: ");
-            Refusal.unless(again != null && String.valueOf(again).equals(String.valueOf(password)),
-                    "The two passwords differ.");
+        String password = hidden("Password of " + user + ": ");
+        Refusal.unless(!isNew || password == null || password.equals(hidden("Once more: ")), "The two passwords differ.");
+        return password;
+    }
+
+    private static String hidden(String prompt) throws IOException {
+        if (editor != null) {
+            return editor.hidden(prompt);
         }
-        return password == null ? null : String.valueOf(password);
+        char[] typed = System.console().readPassword("%s", prompt);
+        return typed == null ? null : String.valueOf(typed);
     }
 
     /** Whether somebody can be asked. */

@@ -110,28 +110,36 @@ final class Output {
         }
     }
 
-    /** Single values first, then what has several lines, each under its name. */
+    /** In their order: values of a line side by side with their names, others under them. */
     private void printFields(Fields fields, int indent) {
         List<List<String>> lines = new ArrayList<>();
-        fields.forEach((name, value) -> {
-            if (isLine(value)) {
-                lines.add(List.of(fields.label(name), text(value)));
-            }
-        });
-        if (!lines.isEmpty()) {
-            printRows(List.of("", ""), lines, indent);
-        }
-        boolean isFirst = lines.isEmpty();
+        boolean isFirst = true;
         for (Map.Entry<String, Object> entry : fields.entrySet()) {
-            if (!isLine(entry.getValue())) {
-                if (!isFirst) {
-                    out.println();
-                }
-                isFirst = false;
-                out.println(" ".repeat(indent) + heading(fields.label(entry.getKey())));
-                print(entry.getValue(), indent + INDENT);
+            String label = fields.label(entry.getKey());
+            if (isLine(entry.getValue())) {
+                lines.add(List.of(label, text(entry.getValue())));
+                continue;
             }
+            isFirst = printLines(lines, isFirst, indent);
+            if (!isFirst) {
+                out.println();
+            }
+            isFirst = false;
+            out.println(" ".repeat(indent) + heading(label));
+            print(entry.getValue(), indent + INDENT);
         }
+        printLines(lines, isFirst, indent);
+    }
+
+    private boolean printLines(List<List<String>> lines, boolean areFirst, int indent) {
+        if (lines.isEmpty()) {
+            return areFirst;
+        } else if (!areFirst) {
+            out.println();
+        }
+        printRows(List.of("", ""), lines, indent);
+        lines.clear();
+        return false;
     }
 
     private void printTable(Table table, int indent) {

@@ -1,8 +1,6 @@
 package com.kvo.talvern.console;
 
-import java.io.BufferedReader;
 import java.io.IOException;
-import java.nio.charset.StandardCharsets;
 import java.nio.file.Files;
 import java.nio.file.Path;
 import java.util.ArrayList;
@@ -18,8 +16,8 @@ final class RunCommand extends ConsoleCommand {
     RunCommand() {
         super("run", "Runs the commands of a file or, without one, those that are typed, a line each, in one process: what"
                 + " one changes on the simulated appliance is there for the next. Words are quoted as in a shell, # starts"
-                + " a comment. It ends at a command that fails, unless that is typed on a terminal or has a ! before it,"
-                + " which says that it has to fail.");
+                + " a comment, `exit` or `quit` ends. So does a command that fails, unless it is typed on a terminal or has"
+                + " a ! before it, which says that the appliance has to refuse it.");
         spec.addPositional(PositionalParamSpec.builder().paramLabel("FILE").arity("0..1").index("0")
                 .type(Path.class).description("The file.").build());
         addFlag("--echo", "Show each command before its result.");
@@ -28,41 +26,68 @@ final class RunCommand extends ConsoleCommand {
     @Override
     protected int run(Output output) throws Exception {
         Path file = spec.positionalParameters().get(0).getValue();
-        if (file == null) {
-            return run(() -> Input.line(PROMPT), output);
-        }
-        if (!Files.isReadable(file) || Files.isDirectory(file)) {
+        if (file == null && Input.isTerminal()) {
+            Input.edit();
+            return runTyped(output);
+        } else if (file == null) {
+            return run(Input.lines(), output);
+        } else if (!Files.isReadable(file) || Files.isDirectory(file)) {
             throw usageError("The file " + file + " can't be read.");
         }
-        try (BufferedReader reader = Files.newBufferedReader(file, StandardCharsets.UTF_8)) {
-            return run(reader::readLine, output);
+        try (Lines lines = new Lines(Files.newInputStream(file))) {
+            return run(lines, output);
         }
     }
 
-    private interface Lines {
-        String next() throws IOException;
+    private int runTyped(Output output) throws IOException {
+        for (String line = Input.line(PROMPT); line != null && !isEnd(line); line = Input.line(PROMPT)) {
+            execute("", line, output);
+        }
+        return ExitCode.DONE;
     }
 
     private int run(Lines lines, Output output) throws IOException {
-        boolean isTyped = spec.positionalParameters().get(0).getValue() == null && Input.isTerminal();
         int exitCode = ExitCode.DONE;
-        for (String line = lines.next(); line != null && (isTyped || exitCode == ExitCode.DONE); line = lines.next()) {
-            boolean mustFail = line.startsWith("!");
-            String command = mustFail ? line.substring(1).strip() : line.strip();
-            if (isTyped && command.matches("exit|quit")) {
-                return ExitCode.DONE;
-            } else if (command.isEmpty() || command.startsWith("#")) {
-                echo(command.isEmpty() ? "" : output.heading(command.substring(1).strip()), output);
-                continue;
+        try {
+            for (String line = lines.next(); line != null && !isEnd(line) && exitCode == ExitCode.DONE; line = lines.next()) {
+                exitCode = execute("line " + lines.number() + ": ", line, output);
             }
-            echo(PROMPT + command, output);
-            exitCode = execute(command);
-            if (mustFail) {
-                Refusal.unless(exitCode != ExitCode.DONE, "This was to fail: " + command);
-                exitCode = ExitCode.DONE;
-            }
+        } catch (IllegalArgumentException e) {
+            throw usageError(e.getMessage());
         }
-        return isTyped ? ExitCode.DONE : exitCode;
+        return exitCode;
+    }
+
+    private static boolean isEnd(String line) {
+        return line.strip().matches("exit|quit");
+    }
+
+    /** Executes a line. One that is wrong is not repeated: it may be a password that was not asked for. */
+    private int execute(String where, String line, Output output) {
+        boolean mustFail = line.startsWith("!");
+        String command = mustFail ? line.substring(1).strip() : line.strip();
+        if (command.isEmpty() || command.startsWith("#")) {
+            echo(command.isEmpty() ? "" : output.heading(command.substring(1).strip()), output);
+            return ExitCode.DONE;
+        }
+        CommandLine parent = spec.commandLine();
+        int exitCode;
+        isJsonForAll = option("--json", false);
+        try {
+            String[] words = words(command).toArray(new String[0]);
+            exitCode = Console.execute(where, () -> echo(PROMPT + command, output), words, parent.getOut(), parent.getErr());
+        } catch (ParameterException e) {
+            exitCode = Console.explainUsage(where, e);
+        } finally {
+            isJsonForAll = false;
+        }
+        parent.getOut().flush();
+        parent.getErr().flush();
+        if (mustFail) {
+            return exitCode == ExitCode.DONE ? Console.fail(parent.getErr(), where + "This was to fail.", ExitCode.REFUSED)
+                    : exitCode == ExitCode.REFUSED || exitCode == ExitCode.MISMATCH ? ExitCode.DONE : exitCode;
+        }
+        return exitCode;
     }
 
     private void echo(String text, Output output) {
@@ -70,23 +95,6 @@ final class RunCommand extends ConsoleCommand {
             output.line(text);
             output.flush();
         }
-    }
-
-    private int execute(String line) {
-        CommandLine parent = spec.commandLine();
-        int exitCode;
-        isJsonForAll = option("--json", false);
-        try {
-            String[] words = words(line).toArray(new String[0]);
-            exitCode = Console.commandLine(words).setOut(parent.getOut()).setErr(parent.getErr()).execute(words);
-        } catch (ParameterException e) {
-            exitCode = Console.explainUsage(e);
-        } finally {
-            isJsonForAll = false;
-        }
-        parent.getOut().flush();
-        parent.getErr().flush();
-        return exitCode;
     }
 
     /** The words of a line: quotes of both kinds keep blanks, and a backslash keeps the next character. */
@@ -115,7 +123,7 @@ final class RunCommand extends ConsoleCommand {
             }
         }
         if (quote != 0) {
-            throw usageError("A quote is not closed: " + line);
+            throw usageError("A quote is not closed.");
         }
         if (word != null) {
             words.add(word.toString());

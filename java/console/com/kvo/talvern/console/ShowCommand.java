@@ -42,7 +42,7 @@ final class ShowCommand {
             List<String> chosen = command.list("SECTION");
             for (String name : chosen) {
                 if (!SECTIONS.containsKey(name)) {
-                    throw command.usageError("There is no section '" + name + "'.");
+                    throw command.usageError("There is no section '" + name + "'" + Nearest.hint(name, SECTIONS.keySet()));
                 }
             }
             Fields sections = new Fields();

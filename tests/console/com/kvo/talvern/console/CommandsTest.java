@@ -36,8 +36,7 @@ public class CommandsTest {
         for (int i = 0; i < words.length; ++i) {
             words[i] = words[i].replace('~', ' ');
         }
-        return Console.commandLine(words).setOut(new PrintWriter(out, true)).setErr(new PrintWriter(err, true))
-                .execute(words);
+        return Console.execute(words, new PrintWriter(out), new PrintWriter(err));
     }
 
     private void type(String lines) {
@@ -63,8 +62,8 @@ public class CommandsTest {
 
     @Test
     public void wrongCommandLinesGiveOneLine() {
-        String[] commands = {"", "chekc", "check --bogus", "check --bridge /", "check --platform /nowhere --json",
-            "show bogus", "config", "config get LogTarget a b", "config create LogTarget main host=a port",
+        String[] commands = {"bogus", "help bogus", "check --bogus", "check --bridge /", "check --platform /nowhere --json",
+            "show bogus", "config get LogTarget a b", "config create LogTarget main host=a port",
             "config create LogTarget main {", "config set LogTarget main {\"a\":[1}",
             "config validate LogTarget {\"a\":1}2", "config validate LogTarget {\"a\":1,\"a\":2}",
             "config validate LogTarget " + "[".repeat(2000), "net connect localhost port", "net set eth0",
@@ -72,6 +71,7 @@ public class CommandsTest {
             "users add bob --password=" + SECRET, "capture start eth0 file --max-bytes many",
             "firmware reflash " + IMAGE, "device reset", "device reboot", "device shutdown", "device led maybe",
             "call NodeName.setNodeName", "call NodeName.bogus", "call Bogus", "call .", "call NodeName.getNodeName a",
+            "call NodeName.getNodeName a --json", "call NodeName a",
             "call UserUtils.addUser bob " + SECRET, "call ProcessManagerUtils.setPlatformLogLevel LOUD",
             "call ApplianceUtils.tcpConnect localhost 99999999999", "call HardwareStatusUtils.setLocateLED maybe",
             "call ApplianceUtils.deviceRESET -1", "call ApplianceUtils.deviceRESET 1", "call Value.asXML {",
@@ -80,6 +80,20 @@ public class CommandsTest {
             assertFails(command, ExitCode.USAGE);
             assertEquals(command, "", out.toString());
         }
+        for (String command : new String[] {"", "config", "net hosts"}) {
+            assertEquals(command, ExitCode.USAGE, run(command));
+            assertTrue(command + out, out.toString().isEmpty() && err.toString().startsWith("Usage: "));
+        }
+        String[] mistyped = {"chekc check", "net~stats status", "net~name~--jsn --json", "show~helth health",
+            "call~NodeName.setName NodeName.setNodeName"};
+        for (String line : mistyped) {
+            assertFails(line.split(" ")[0].replace('~', ' '), ExitCode.USAGE);
+            assertTrue(err.toString(), err.toString().contains("; did you mean `" + line.split(" ")[1] + "`?"));
+        }
+        assertEquals(ExitCode.DONE, run("help net hosts"));
+        String help = out.toString();
+        assertEquals(ExitCode.DONE, run("net hosts --help"));
+        assertEquals(help, out.toString());
     }
 
     @Test
@@ -130,6 +144,8 @@ public class CommandsTest {
             String[] parts = command.split(" = ");
             assertEquals(command, Set.of(parts[1].split(" ")), json(parts[0]).keySet());
         }
+        run("show");
+        assertTrue(out.toString(), out.toString().startsWith("identity\n"));
         Fields show = json("show");
         assertEquals("TV0042", ((Fields) show.get("identity")).get("serialNumber"));
         Fields fan = (Fields) ((List<?>) ((Fields) show.get("sensors")).get("fans")).get(2);
@@ -255,12 +271,16 @@ public class CommandsTest {
                 + "net interface eth9\nnet name rack-10\n");
         assertEquals(ExitCode.REFUSED, run("run --echo " + file));
         assertTrue(out.toString(), out.toString().startsWith("Names\n\ntalvern> net name 'rack-9'\nrack-9\n"));
+        assertTrue(err.toString(), err.toString().contains("talvern-console: line 5: There is no interface eth9."));
         assertEquals("rack-9", json("net name").get("nodeName"));
-        for (String line : List.of("run x", "net name 'open", "bogus")) {
-            Files.writeString(file, line);
+        for (String line : List.of("run x", "net name 'open", "bogus", "! bogus", "\u0080".repeat(1 << 20))) {
+            Files.writeString(file, line + "\nnet name rack-10");
             assertFails("run " + file, ExitCode.USAGE);
+            assertTrue(err.toString(), err.toString().matches("(?i)talvern-console: line 1.*\n"));
         }
-        Files.writeString(file, "net name\nusers list");
+        Files.write(file, new byte[] {'#', (byte) 0x80, '\n'});
+        assertFails("run " + file, ExitCode.USAGE);
+        Files.writeString(file, "net name\nusers list\nexit\nnet name rack-10");
         assertEquals(ExitCode.DONE, run("run --json " + file));
         assertTrue(out.toString(), out.toString().matches("(?s)\\{.*\"nodeName\" : \"rack-9\".*\"users\" : .*\\}\n"));
         Files.writeString(file, "! net name rack-11");
@@ -269,5 +289,16 @@ public class CommandsTest {
         type("net name rack-12\nusers add eve\n" + SECRET + "\nusers login eve\n" + SECRET);
         assertEquals(ExitCode.DONE, run("run"));
         assertEquals("rack-12\nDone.\nDone.\n", out.toString());
+    }
+
+    @Test
+    public void aLineThatMayBeAPasswordIsNotShown() {
+        String[] wrongLines = {"users add bob and eve", "! users add", "! usres add bob", "users add 'bob",
+            "! call UserUtils.addUser bob " + SECRET, "users add bob\n" + SECRET};
+        for (String line : wrongLines) {
+            type(line + "\n" + SECRET + "\n");
+            assertEquals(line, ExitCode.USAGE, run("run --echo"));
+            assertFalse(line + out + err, (out.toString() + err).contains(SECRET));
+        }
     }
 }
