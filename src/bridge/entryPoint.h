@@ -13,8 +13,8 @@ namespace talvern::bridge {
 // The frames around the bodies of the native methods. No C++ exception leaves them: each reaches Java as a
 // Java exception, and the native method returns its failure value.
 
-/// Turns the exception that is being handled into its Java counterpart. If that fails too (the trace log
-/// throws, memory runs out), Java still receives an exception, of the general kind if need be.
+/// Turns the exception that is being handled into its Java counterpart. If native memory runs out over it,
+/// Java still receives an exception of the general kind.
 template <typename... Exception>
 void translate(JNIEnv* env, const Exception&... exception) noexcept {
     try {

@@ -8,6 +8,23 @@ namespace talvern::bridge {
 
 namespace {
 
+constexpr auto unknownText = "Unknown native exception";
+
+/// Writes a trace line. What the log throws is dropped: Java must learn of the exception at hand.
+template <typename Write>
+void trace(Write write) noexcept {
+    try {
+        write();
+    } catch (...) {
+    }
+}
+
+/// What the exception says; a text of our own if it says nothing.
+const char* textOf(const std::exception& exception) {
+    const char* text = exception.what();
+    return text == nullptr ? unknownText : text;
+}
+
 void discardPending(JNIEnv* env) {
     env->ExceptionDescribe();
     env->ExceptionClear();
@@ -40,39 +57,44 @@ bool throwTalvernException(JNIEnv* env, const char* message) {
 using namespace talvern::bridge;
 
 bool handleException(JNIEnv* env) {
-    talvern::log::trace(3, "Unknown exception caught in libtalvern JNI");
+    trace([] { talvern::log::trace(3, "Unknown exception caught in libtalvern JNI"); });
     discardPending(env);
-    return throwTalvernException(env, "Unknown native exception");
+    return throwTalvernException(env, unknownText);
 }
 
 bool handleException(JNIEnv* env, const std::exception& exception) {
-    talvern::log::trace(3, "Exception caught in libtalvern JNI: %s", exception.what());
+    const char* text = textOf(exception);
+    trace([&] { talvern::log::trace(3, "Exception caught in libtalvern JNI: %s", text); });
     discardPending(env);
-    return throwTalvernException(env, exception.what());
+    return throwTalvernException(env, text);
 }
 
 bool handleException(JNIEnv* env, const talvern::config::messaging::ValidationException& exception) {
-    talvern::log::trace(3, "ValidationException caught in libtalvern JNI: %s", exception.what());
+    trace([&] {
+        talvern::log::trace(3, "ValidationException caught in libtalvern JNI: %s", textOf(exception));
+    });
     discardPending(env);
     return throwCreated(env, "com/kvo/talvern/config/ValidationException", [&](jclass exceptionClass) {
         const Constructor<"(Ljava/lang/String;Ljava/lang/String;)V"> create{env, exceptionClass};
-        jstring first = notNull(toJavaString(env, exception.first));
-        jstring second = notNull(toJavaString(env, exception.second));
+        jstring first = toJavaString(env, exception.first);
+        jstring second = toJavaString(env, exception.second);
         jobject javaException = create(first, second);
-        talvern::log::trace(3, "Throwing Java ValidationException in libtalvern JNI\n");
+        trace([] { talvern::log::trace(3, "Throwing Java ValidationException in libtalvern JNI\n"); });
         return javaException;
     });
 }
 
 bool handleException(JNIEnv* env, const talvern::config::messaging::ConfigChangeException& exception) {
-    talvern::log::trace(3, "ConfigChangeException caught in libtalvern JNI: %s", exception.what());
+    trace([&] {
+        talvern::log::trace(3, "ConfigChangeException caught in libtalvern JNI: %s", textOf(exception));
+    });
     discardPending(env);
     return throwCreated(env, "com/kvo/talvern/config/ConfigChangeException", [&](jclass exceptionClass) {
         const Constructor<"(ILjava/lang/String;[Ljava/lang/String;)V"> create{env, exceptionClass};
         // A copy of its own: creating the Java strings may run Java code, and that may reach the platform
         // again.
         const std::vector<std::string> texts = exception.texts;
-        jstring text = notNull(toJavaString(env, exception.text));
+        jstring text = toJavaString(env, exception.text);
         return create(jint{exception.code}, text, toJavaStringArray(env, texts));
     });
 }

@@ -12,14 +12,18 @@
 namespace talvern::bridge {
 
 // Conversions that all native methods share. Texts are modified UTF-8 on both sides. Every result is a new
-// local reference. A lookup that fails throws PendingJavaException.
+// local reference. A lookup that fails throws PendingJavaException; so does a text, an array or a collection
+// that the JVM has no memory for, since what it would be handed to could hide the JVM's error by one of its
+// own.
 
 /// A copy of `string`; its characters are given back at once.
 /// @throws std::invalid_argument  `string` is null
 std::string toNativeString(JNIEnv* env, jstring string);
 
-/// A Java string of `text` up to its first NUL; null with the JVM's error pending if there is no memory.
-inline jstring toJavaString(JNIEnv* env, const std::string& text) { return env->NewStringUTF(text.c_str()); }
+/// A Java string of `text` up to its first NUL.
+inline jstring toJavaString(JNIEnv* env, const std::string& text) {
+    return notNull(env->NewStringUTF(text.c_str()));
+}
 
 /// Copies of all elements, in order.
 /// @throws std::invalid_argument  the array or one of its elements is null
@@ -101,7 +105,7 @@ class JavaHashMaps {
         : class_{findClass(env, "java/util/HashMap")}, put_{env, class_}, create_{env, class_} {}
 
     [[nodiscard]] jclass javaClass() const { return class_; }
-    [[nodiscard]] jobject create() const { return create_(); }
+    [[nodiscard]] jobject create() const { return notNull(create_()); }
     void put(jobject map, jobject key, jobject value) const { put_(map, key, value); }
 
   private:
@@ -117,7 +121,7 @@ class JavaLists {
     explicit JavaLists(JNIEnv* env)
         : env_{env}, class_{findClass(env, Class.text)}, create_{env, class_}, add_{env, class_} {}
 
-    [[nodiscard]] jobject create() const { return create_(); }
+    [[nodiscard]] jobject create() const { return notNull(create_()); }
 
     /// Adds one Java string per text to `list`, in order.
     void addAll(jobject list, const std::vector<std::string>& texts) const {

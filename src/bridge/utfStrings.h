@@ -12,7 +12,8 @@
 namespace talvern::bridge {
 
 /// The UTF characters that one native method has taken from Java strings.
-/// Gives each buffer back exactly once, in the order taken: on `release`, or else when it goes out of scope.
+/// Gives each buffer back exactly once: the last one on `releaseLast`, all others in the order taken, on
+/// `release` or else when it goes out of scope.
 class UtfStrings {
   public:
     explicit UtfStrings(JNIEnv* env) : env_{env} {}

@@ -20,6 +20,7 @@ using config::Value;
 namespace {
 
 constexpr std::size_t maxLevels = 1000;
+constexpr std::size_t maxValues = 4'000'000;
 
 /// Converts a tree depth first, with a stack of its own: recursion could overflow that of the Java thread,
 /// which would end the JVM. `Steps` gives the types of a value before and after, of a structure or list that
@@ -32,11 +33,14 @@ template <typename Steps>
 typename Steps::Result convertTree(Steps& steps, typename Steps::Source root) {
     std::vector<typename Steps::Container> open;
     std::optional<typename Steps::Source> source = root;
+    std::size_t values = 0;
     while (true) {
         typename Steps::Result result{};
         if (!source) {
             result = steps.finish(open.back());
             open.pop_back();
+        } else if (++values > maxValues) {
+            throw std::length_error{"configuration value with more than 4000000 values"};
         } else if (*source != nullptr) {
             const std::size_t level = open.size();
             if (level == maxLevels) throw std::length_error{"configuration value deeper than 1000 levels"};
@@ -113,7 +117,7 @@ class ToJava {
     jobject begin(const Value* source, std::vector<Container>& open) {
         if (const auto* simple = dynamic_cast<const SimpleValue*>(source)) {
             const NewSimpleValues& java = simple_.get(env_);
-            return java.create(notNull(toJavaString(env_, simple->value)), simple->mu);
+            return java.create(toJavaString(env_, simple->value), simple->mu);
         }
         if (const auto* structure = dynamic_cast<const StructValue*>(source)) {
             jobject value = structs_.get(env_).create(structure->mu);
@@ -132,7 +136,7 @@ class ToJava {
         }
         if (parent.nextMember == parent.structure->members.end()) return {};
         const auto& [key, child] = *parent.nextMember++;
-        parent.key = notNull(toJavaString(env_, key));
+        parent.key = toJavaString(env_, key);
         return child;
     }
 
@@ -154,7 +158,8 @@ class ToJava {
 };
 
 // What is read from Java values. Those of sets, iterators and map entries are looked up on the interfaces:
-// what is looked up on the class of one iterator is not valid on another's.
+// what is looked up on the class of one iterator is not valid on another's. Each object is compared with the
+// interface first: the JVM does not see to it that a method of an interface's type returns one.
 
 struct SimpleValueMembers {
     SimpleValueMembers(JNIEnv* env, jclass javaClass) : getMU{env, javaClass}, getValue{env, javaClass} {}
@@ -178,24 +183,32 @@ struct StructValueMembers {
 };
 
 struct SetMembers {
-    explicit SetMembers(JNIEnv* env) : iterator{env, findClass(env, "java/util/Set")} {}
+    explicit SetMembers(JNIEnv* env) : SetMembers{env, findClass(env, "java/util/Set")} {}
+    SetMembers(JNIEnv* env, jclass javaInterface) : javaClass{javaInterface}, iterator{env, javaInterface} {}
 
+    jclass javaClass;
     Method<"iterator", "()Ljava/util/Iterator;"> iterator;
 };
 
 struct IteratorMembers {
     explicit IteratorMembers(JNIEnv* env) : IteratorMembers{env, findClass(env, "java/util/Iterator")} {}
-    IteratorMembers(JNIEnv* env, jclass javaClass) : hasNext{env, javaClass}, next{env, javaClass} {}
+    IteratorMembers(JNIEnv* env, jclass javaInterface)
+        : javaClass{javaInterface}, hasNext{env, javaInterface}, next{env, javaInterface} {}
 
+    jclass javaClass;
     Method<"hasNext", "()Z"> hasNext;
     Method<"next", "()Ljava/lang/Object;"> next;
 };
 
 struct EntryMembers {
     explicit EntryMembers(JNIEnv* env) : EntryMembers{env, findClass(env, "java/util/Map$Entry")} {}
-    EntryMembers(JNIEnv* env, jclass javaClass)
-        : getKey{env, javaClass}, getValue{env, javaClass}, string{findClass(env, "java/lang/String")} {}
+    EntryMembers(JNIEnv* env, jclass javaInterface)
+        : javaClass{javaInterface},
+          getKey{env, javaInterface},
+          getValue{env, javaInterface},
+          string{findClass(env, "java/lang/String")} {}
 
+    jclass javaClass;
     Method<"getKey", "()Ljava/lang/Object;"> getKey;
     Method<"getValue", "()Ljava/lang/Object;"> getValue;
     jclass string;
@@ -226,13 +239,15 @@ class ToNative {
         if (env_->IsInstanceOf(source, arrayClass_) == JNI_TRUE) {
             const ArrayValueMembers& members = array_.get(env_, arrayClass_);
             const bool mu = members.getMU(source) == JNI_TRUE;
-            jobject iterator = required(members.iterator(source), "null iterator");
+            jobject iterator = iteratorOf(members, source);
             open.push_back({std::make_unique<ArrayValue>(mu), false, iterator, nullptr});
         } else if (env_->IsInstanceOf(source, structClass_) == JNI_TRUE) {
             const StructValueMembers& members = struct_.get(env_, structClass_);
             const bool mu = members.getMU(source) == JNI_TRUE;
             jobject entries = required(members.entrySet(source), "null entry set");
-            jobject iterator = required(set_.get(env_).iterator(entries), "null iterator");
+            const SetMembers& set = set_.get(env_);
+            require(entries, set.javaClass, "entry set that is not a set");
+            jobject iterator = iteratorOf(set, entries);
             open.push_back({std::make_unique<StructValue>(mu), true, iterator, nullptr});
         } else {
             call<"getMU", "()Z">(env_, source);  // the flag is asked for whatever the kind
@@ -273,13 +288,23 @@ class ToNative {
     jobject valueOf(jobject entry, const char*& key) {
         if (entry == nullptr) throw std::invalid_argument{"null map entry"};
         const EntryMembers& members = entry_.get(env_);
+        require(entry, members.javaClass, "map entry that is not an entry");
         jobject javaKey = required(members.getKey(entry), "null value key");
-        // Raw types let anything be a key; taking the characters of another object would end the JVM.
-        if (env_->IsInstanceOf(javaKey, members.string) != JNI_TRUE) {
-            throw std::invalid_argument{"value key that is not a string"};
-        }
+        require(javaKey, members.string, "value key that is not a string");
         key = utf_.take(static_cast<jstring>(javaKey));
         return members.getValue(entry);
+    }
+
+    template <typename Members>
+    jobject iteratorOf(const Members& members, jobject receiver) {
+        jobject iterator = required(members.iterator(receiver), "null iterator");
+        require(iterator, iterator_.get(env_).javaClass, "iterator that is not an iterator");
+        return iterator;
+    }
+
+    /// Makes sure of the class of an object from Java: what is called on another would end the JVM.
+    void require(jobject object, jclass javaClass, const char* otherwise) {
+        if (env_->IsInstanceOf(object, javaClass) != JNI_TRUE) throw std::invalid_argument{otherwise};
     }
 
     /// What a Java method returned. If it returned null, its own exception goes first.

@@ -19,13 +19,13 @@ namespace {
 jobject readUsage(JNIEnv* env, bool (*read)(std::vector<statusUtils::CPUUsage>&)) {
     const JavaHashMaps maps{env};
     const Constructor<"(I)V"> toInteger{env, findClass(env, "java/lang/Integer")};
-    jobject map = notNull(maps.create());
+    jobject map = maps.create();
 
     const std::vector<statusUtils::CPUUsage> usage = readList(read);
     if (usage.empty()) return nullptr;
     for (const auto& [key, percent] : usage) {
-        jobject javaPercent = toInteger(percent);
-        jobject javaKey = toInteger(key);
+        jobject javaPercent = notNull(toInteger(percent));
+        jobject javaKey = notNull(toInteger(key));
         maps.put(map, javaKey, javaPercent);
     }
     return map;

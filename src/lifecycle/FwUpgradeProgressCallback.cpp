@@ -78,13 +78,14 @@ constexpr auto codeName = "com/kvo/talvern/firmwaremanager/UpgradeCode";
 
 jclass loadClass(JNIEnv* env, jobject loader, std::string name) {
     std::replace(name.begin(), name.end(), '/', '.');
-    jstring javaName = notNull(toJavaString(env, name));
+    jstring javaName = toJavaString(env, name);
     jobject found = call<"loadClass", "(Ljava/lang/String;)Ljava/lang/Class;">(env, loader, javaName);
     return static_cast<jclass>(notNull(found));
 }
 
-/// The classes that `callback` itself was compiled with. On a platform thread FindClass asks the system class
-/// loader, which may not know them, or know other classes of the same names.
+/// The classes that `callback` itself was compiled with; a report to anything that is no callback is dropped.
+/// On a platform thread FindClass asks the system class loader, which may not know them, or know other
+/// classes of the same names.
 Classes classesOf(JNIEnv* env, jobject callback) {
     Classes found;
     found.callback = env->FindClass(callbackName);
@@ -96,6 +97,7 @@ Classes classesOf(JNIEnv* env, jobject callback) {
     jobject loader = call<"getClassLoader", "()Ljava/lang/ClassLoader;">(env, classOf(env, callback));
     found.callback = loadClass(env, loader, callbackName);
     found.code = loadClass(env, loader, codeName);
+    if (env->IsInstanceOf(callback, found.callback) != JNI_TRUE) throw PendingJavaException{};
     return found;
 }
 

@@ -40,6 +40,15 @@ TEST_F(HandleExceptionTest, TracesAndThrowsTheTwoGeneralKinds) {
     EXPECT_EQ(takeException(env), "com.kvo.talvern.TalvernException: 100%s of %n");
 }
 
+TEST_F(HandleExceptionTest, HasATextForAnExceptionWithout) {
+    struct Wordless : std::exception {
+        [[nodiscard]] const char* what() const noexcept override { return nullptr; }
+    };
+    EXPECT_CALL(mock<LogMock>(), line(3, "Exception caught in libtalvern JNI: Unknown native exception"));
+    EXPECT_TRUE(handle<std::exception>(ofStandard, Wordless{}));
+    EXPECT_EQ(takeException(env), "com.kvo.talvern.TalvernException: Unknown native exception");
+}
+
 TEST_F(HandleExceptionTest, GivesAValidationExceptionBothTextsAndTwoTraceLines) {
     const InSequence inOrder;
     EXPECT_CALL(mock<LogMock>(), line(3, "ValidationException caught in libtalvern JNI: validation failed"));

@@ -97,6 +97,26 @@ TEST_F(ValueConversionTest, SaysWhatIsWrongWithAJavaValue) {
     }
 }
 
+TEST_F(ValueConversionTest, TakesNothingForWhatItIsNot) {
+    // The JVM does not check what a method of an interface's type returns, and generics check nothing.
+    const Texts exceptions{"TalvernException: entry set that is not a set",
+                           "TalvernException: iterator that is not an iterator",
+                           "TalvernException: map entry that is not an entry",
+                           "TalvernException: value key that is not a string",
+                           "NoSuchMethodError: ",  // of getMU
+                           "TalvernException: iterator that is not an iterator",
+                           "NoSuchMethodError: "};
+    jobject value = nested(3);  // a structure with a list
+    EXPECT_CALL(service, updateObject).Times(0);
+    std::size_t call = 0;
+    for (const std::string& exception : exceptions) {
+        SCOPED_TRACE(exception);
+        table.answer("CallObjectMethodA", call++, newObject("java/lang/Object"));
+        callOn(receiver, "_updateObject", "type", "parent", "name", value, true);
+        EXPECT_THAT(takeThrown(), testing::HasSubstr(exception));
+    }
+}
+
 TEST_F(ValueConversionTest, GoesOnWhereAJavaMethodThrowsOutOfTurn) {
     // What has no counterpart is null; an exception of the value's own stays pending to the end.
     send(faulty("unknown kind"));
@@ -172,6 +192,35 @@ TEST_F(LargeValueConversionTest, AHundredThousandValuesGoBothWays) {
     jobject value = large(100'001);
     send(value);
     EXPECT_TRUE(areEqual(value, fetch()));
+}
+
+TEST_F(LargeValueConversionTest, FourMillionValuesAreTheLimitBothWays) {
+    const auto tooMany =
+        "com.kvo.talvern.TalvernException: configuration value with more than 4000000 values";
+    ArrayValue list{false};
+    list.elements.resize(3'999'999);  // children without a value count as well
+    EXPECT_CALL(service, queryObject)
+        .WillRepeatedly(testing::DoAll(testing::SetArgPointee<3>(&list), testing::Return(Code::OK)));
+    EXPECT_CALL(service, updateObject).WillOnce(testing::Return(Code::OK));
+    {
+        const LocalFrame frame;
+        jobject value = fetch();
+        EXPECT_EQ(takeThrown(), "");
+        send(value);
+        EXPECT_EQ(takeThrown(), "");
+        jmethodID add =
+            env->GetMethodID(env->GetObjectClass(value), "add", "(Lcom/kvo/talvern/config/Value;)Z");
+        env->CallBooleanMethod(value, add, nullptr);
+        send(value);
+        EXPECT_EQ(takeThrown(), tooMany);
+    }
+    list.elements.push_back(nullptr);
+    fetch();
+    EXPECT_EQ(takeThrown(), tooMany);
+
+    // Forty objects that stand for 2^40 values.
+    send(values("doubled", "(I)Lcom/kvo/talvern/config/Value;", 40));
+    EXPECT_EQ(takeThrown(), tooMany);
 }
 
 }  // namespace

@@ -69,9 +69,14 @@ struct Hook<Slot, CanFail> {
     static inline const char* name = nullptr;
 
     static Result JNICALL call(JNIEnv* env, Arguments... arguments) {
-        if (isWatched(__builtin_return_address(0)) && current->mustFail(name, {}, CanFail)) {
-            if (!JniTable::failsSilently(name)) raise(env, current->failure(), "planted");
-            return Result();
+        if (isWatched(__builtin_return_address(0))) {
+            if (current->mustFail(name, {}, CanFail)) {
+                if (!JniTable::failsSilently(name)) raise(env, current->failure(), "planted");
+                return Result();
+            }
+            if constexpr (std::is_same_v<Result, jobject>) {
+                if (jobject answer = current->takeAnswer(name)) return answer;
+            }
         }
         return (original->*Slot)(env, arguments...);
     }
@@ -227,6 +232,11 @@ bool JniTable::mustFail(const char* function, std::string detail, bool canFail) 
         !hiddenClass_.empty() && std::strcmp(function, "FindClass") == 0 && detail == hiddenClass_;
     calls_.push_back({function, std::move(detail), canFail});
     return canFail && (isHidden || calls_.size() - 1 == failingCall_);
+}
+
+jobject JniTable::takeAnswer(std::string_view function) {
+    if (function != answering_.function || answering_.index-- != 0) return nullptr;
+    return std::exchange(answering_, {}).object;
 }
 
 void JniTable::taken(const char* chars) {

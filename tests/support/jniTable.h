@@ -39,6 +39,11 @@ class JniTable {
         failure_ = failure;
     }
 
+    /// The call of `function` with this index among those of the same function answers `object` instead.
+    void answer(const char* function, std::size_t index, jobject object) {
+        answering_ = {function, index, object};
+    }
+
     /// Whether the JVM raises no exception when memory runs out in this function.
     static bool failsSilently(std::string_view function);
 
@@ -52,10 +57,17 @@ class JniTable {
     // For the table's own functions.
     bool mustFail(const char* function, std::string detail, bool canFail = true);
     [[nodiscard]] const char* failure() const { return failure_; }
+    jobject takeAnswer(std::string_view function);
     void taken(const char* chars);
     bool given(const char* chars);
 
   private:
+    struct Answer {
+        std::string_view function;
+        std::size_t index = 0;
+        jobject object = nullptr;
+    };
+
     struct Buffer {
         const char* chars;
         bool wasHeldOverPlatformCall;
@@ -68,6 +80,7 @@ class JniTable {
     std::string hiddenClass_;
     std::size_t failingCall_ = static_cast<std::size_t>(-1);
     const char* failure_ = "java/lang/OutOfMemoryError";
+    Answer answering_;
 };
 
 /// The table of the current thread, or null.

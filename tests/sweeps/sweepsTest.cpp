@@ -57,10 +57,13 @@ const std::vector<Fault> faults{
      },
      refused, refused, "com.kvo.talvern.config.ConfigChangeException: in use"}};
 
-/// Conditions under which something else fails: the platform throws one of the faults, or nothing.
+/// Conditions under which something else fails: the platform throws one of the faults, or nothing, or has
+/// nothing to tell.
 const std::vector<Fault> faultsAndNone = [] {
     std::vector<Fault> conditions = faults;
     conditions.push_back({"nothing", nullptr, ""});
+    conditions.push_back(
+        {"nothing (and empty)", [] { platform::mocks().hostility = platform::Hostility::empty; }, ""});
     return conditions;
 }();
 
@@ -153,6 +156,7 @@ Findings sweep(const std::vector<NativeMethod>& natives, const std::vector<Fault
         for (const Fault& condition : conditions) {
             platform::mocks().beforeOperation = condition.raise;
             check(findings, native, condition);
+            platform::mocks().hostility = platform::Hostility::none;
         }
         platform::mocks().beforeOperation = nullptr;
     }
@@ -278,6 +282,10 @@ void checkFailingCall(Findings& findings, const NativeMethod& native, const Faul
                              test.outcome.exception == expectedException(condition, native);
     test.require(expected.empty() || test.outcome.exception == expected || wasReplaced,
                  "not the JVM's error");
+    const bool isText = std::string_view{made[number].function} == "NewStringUTF";
+    test.require(!isText || std::none_of(made.begin() + static_cast<std::ptrdiff_t>(number) + 1, made.end(),
+                                         runsJavaCode),
+                 "Java code is given a null for the text");
 }
 
 /// Every single JNI call fails, in calls that succeed otherwise and in those in which the platform throws:
@@ -341,14 +349,14 @@ Findings sweepFailingMemory(const std::vector<NativeMethod>& natives) {
     });
 }
 
-/// The trace log throws while a native exception is translated: Java still gets an exception.
+/// The trace log throws while a native exception is translated: Java gets the same exception as otherwise.
 Findings sweepFailingTrace(const std::vector<NativeMethod>& natives) {
     ON_CALL(mock<LogMock>(), line).WillByDefault([](unsigned, const std::string&) { throw 1; });
     return sweep(natives, faults, [](Findings& findings, const NativeMethod& native, const Fault& fault) {
         const LocalFrame frame;
         Case test{findings, native, std::string{"the trace log failing after "} + fault.name,
                   plausibleArguments(native)};
-        test.require(test.outcome.exception == unknown, "another exception");
+        test.require(test.outcome.exception == expectedException(fault, native), "another exception");
         test.requireFailureValue();
     });
 }

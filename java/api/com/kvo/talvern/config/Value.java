@@ -5,7 +5,8 @@ import com.kvo.talvern.TalvernException;
 
 /**
  * The value of a configuration object: a text ({@link SimpleValue}), values under keys ({@link StructValue}) or a
- * list of values ({@link ArrayValue}). The configuration service takes trees of up to 1,000 levels.
+ * list of values ({@link ArrayValue}). The configuration service takes trees of up to 1,000 levels and
+ * 4,000,000 values.
  *
  * <p>Two values are equal if their flags and contents are. Values may be changed, so they are not for use as
  * keys, and not by several threads at once.

@@ -86,6 +86,18 @@ public final class Values {
         return value;
     }
 
+    /** Lists of two elements each, which are the same: 2^levels values in `levels` objects. */
+    public static Value doubled(int levels) {
+        Value value = new SimpleValue("innermost", false);
+        for (int level = 1; level < levels; level++) {
+            ArrayValue outer = new ArrayValue(false);
+            outer.add(value);
+            outer.add(value);
+            value = outer;
+        }
+        return value;
+    }
+
     /** A structure with itself in a list. */
     public static Value inItself() {
         StructValue value = new StructValue(false);
