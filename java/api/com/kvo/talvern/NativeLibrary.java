@@ -8,6 +8,7 @@ import java.io.IOException;
 import java.lang.reflect.Method;
 import java.lang.reflect.Modifier;
 import java.net.URISyntaxException;
+import java.net.URL;
 import java.security.CodeSource;
 import java.util.ArrayList;
 import java.util.LinkedHashSet;
@@ -28,29 +29,61 @@ public final class NativeLibrary {
 
     private static final String FILE_NAME = System.mapLibraryName("talvernjni");
 
-    /** The functions of the loaded library; null until it is loaded. */
+    /** The library, once it is loaded. */
+    private static ElfLibrary loaded;
+
     private static Set<String> functions;
 
-    private NativeLibrary() {}
+    private final UnsatisfiedLinkError failure;
+
+    private NativeLibrary(UnsatisfiedLinkError failure) {
+        this.failure = failure;
+    }
 
     /**
-     * Loads the native library unless it is loaded already, and makes sure that it has the native methods of
-     * the class that calls.
+     * Loads the native library unless it is loaded already, and makes sure that it has the native methods of a class.
+     * A failure is kept for {@link #require()}: thrown from the class's static initialiser, it would be seen at the
+     * first use only, and all others would be answered with a bare {@code NoClassDefFoundError}.
      *
-     * @throws UnsatisfiedLinkError if it can't be loaded or lacks one; the message says what is wrong, where
-     *     it was looked for, and what to do
+     * @param user the class
+     * @return what the class asks whenever it is used
      */
-    public static synchronized void load() {
-        if (functions == null) {
-            functions = load(file());
+    public static synchronized NativeLibrary load(Class<?> user) {
+        try {
+            if (loaded == null) {
+                ElfLibrary library = load(file());
+                functions = library.exports();
+                loaded = library;
+            }
+            requireNatives(user);
+            return new NativeLibrary(null);
+        } catch (UnsatisfiedLinkError e) {
+            return new NativeLibrary(e);
+        } catch (IOException e) {
+            return new NativeLibrary(LoadFailure.because(e.getMessage() + ". Install it again.", e));
+        } catch (RuntimeException | LinkageError e) {
+            return new NativeLibrary(LoadFailure.because(e + ".", e));
         }
-        requireNatives(Thread.currentThread().getStackTrace()[2].getClassName());
+    }
+
+    /**
+     * Makes sure that the class can be used.
+     *
+     * @throws UnsatisfiedLinkError if the library can't be loaded or lacks a native method of the class; the message
+     *     says what is wrong, where it was looked for, and what to do
+     */
+    public void require() {
+        if (failure != null) {
+            UnsatisfiedLinkError error = new UnsatisfiedLinkError(failure.getMessage());
+            error.initCause(failure.getCause());
+            throw error;
+        }
     }
 
     /**
      * Finds the native library and does not load it.
      *
-     * @return the file that {@link #load()} takes
+     * @return the file that {@link #load} takes
      * @throws UnsatisfiedLinkError if there is none; the message says where it was looked for
      */
     public static File file() {
@@ -64,7 +97,7 @@ public final class NativeLibrary {
         throw LoadFailure.notFound(FILE_NAME, folders);
     }
 
-    private static Set<String> load(File file) {
+    private static ElfLibrary load(File file) throws IOException {
         ElfLibrary library = LoadFailure.read(file);
         Requirements requirements = new Requirements(library);
         requireSameRelease(file, requirements.version());
@@ -72,16 +105,17 @@ public final class NativeLibrary {
         try {
             System.load(file.getPath());
         } catch (UnsatisfiedLinkError | RuntimeException e) {
-            throw LoadFailure.explain(file, e);
+            throw LoadFailure.explain(library, e);
         }
-        return library.exports();
+        return library;
     }
 
     /** Classes that come without the jar and its version are taken as they are. */
     private static void requireSameRelease(File file, String version) {
-        String expected = NativeLibrary.class.getPackage().getImplementationVersion();
+        Package api = NativeLibrary.class.getPackage(); // which not every class loader defines
+        String expected = api == null ? null : api.getImplementationVersion();
         if (expected != null && !expected.equals(version)) {
-            throw LoadFailure.because(file + " has version " + version + ", but the Java classes in " + jar()
+            throw LoadFailure.because(file + " has version " + version + ", but the Java classes in " + origin()
                     + " have version " + expected + ". Install both from the same release.", null);
         }
     }
@@ -89,12 +123,15 @@ public final class NativeLibrary {
     private static void requireClasses(File file, Set<String> classes) {
         List<String> missing = new ArrayList<>();
         for (String name : notInJar(classes)) {
-            if (NativeLibrary.class.getResource("/" + name + ".class") == null) {
-                missing.add(name.replace('/', '.'));
+            String className = name.replace('/', '.');
+            try {
+                Class.forName(className, false, NativeLibrary.class.getClassLoader());
+            } catch (ClassNotFoundException | LinkageError e) {
+                missing.add(className);
             }
         }
         if (!missing.isEmpty()) {
-            throw LoadFailure.because(file + " needs Java classes that are not found where " + jar()
+            throw LoadFailure.because(file + " needs Java classes that are not found where " + origin()
                     + " is loaded from: " + String.join(", ", missing)
                     + ". Use the complete jar of the same release.", null);
         }
@@ -114,25 +151,17 @@ public final class NativeLibrary {
         return others;
     }
 
-    private static void requireNatives(String className) {
-        if (!className.startsWith("com.kvo.talvern.")) {
-            return;
-        }
+    private static void requireNatives(Class<?> user) {
         List<String> missing = new ArrayList<>();
-        try {
-            Class<?> caller = Class.forName(className, false, NativeLibrary.class.getClassLoader());
-            for (Method method : caller.getDeclaredMethods()) {
-                if (Modifier.isNative(method.getModifiers()) && !functions.contains(
-                        SymbolNames.ofNative(className.replace('.', '/'), method.getName()))) {
-                    missing.add(method.getName());
-                }
+        for (Method method : user.getDeclaredMethods()) {
+            if (Modifier.isNative(method.getModifiers()) && !functions.contains(
+                    SymbolNames.ofNative(user.getName().replace('.', '/'), method.getName()))) {
+                missing.add(method.getName());
             }
-        } catch (ClassNotFoundException e) {
-            return; // a class of the caller's own, from elsewhere
         }
         if (!missing.isEmpty()) {
-            throw LoadFailure.because(file() + " has no native method " + String.join(", ", missing) + " of "
-                    + className + ", which comes from " + jar() + ". Install both from the same release.", null);
+            throw LoadFailure.because(loaded.file() + " has no native method " + String.join(", ", missing) + " of "
+                    + user.getName() + ", which comes from " + origin() + ". Install both from the same release.", null);
         }
     }
 
@@ -158,10 +187,16 @@ public final class NativeLibrary {
     /** The jar or folder that the Java classes come from; null if they are not loaded from a file. */
     private static File jar() {
         CodeSource source = NativeLibrary.class.getProtectionDomain().getCodeSource();
+        URL location = source == null ? null : source.getLocation();
         try {
-            return source == null ? null : new File(source.getLocation().toURI());
+            return location == null ? null : new File(location.toURI());
         } catch (URISyntaxException | IllegalArgumentException e) {
             return null;
         }
+    }
+
+    private static String origin() {
+        File jar = jar();
+        return jar == null ? "the class loader " + NativeLibrary.class.getClassLoader() : jar.getPath();
     }
 }

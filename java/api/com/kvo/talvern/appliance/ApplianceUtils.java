@@ -7,8 +7,10 @@ import com.kvo.talvern.TalvernException;
  * The appliance as a whole: identity, locale and time, inventory, network diagnostics, reset.
  */
 public class ApplianceUtils {
-    static {
-        NativeLibrary.load();
+    private static final NativeLibrary LIBRARY = NativeLibrary.load(ApplianceUtils.class);
+
+    {
+        LIBRARY.require();
     }
 
     /**

@@ -7,8 +7,10 @@ import com.kvo.talvern.TalvernException;
  * How the appliance resolves host names.
  */
 public class DNSUtils {
-    static {
-        NativeLibrary.load();
+    private static final NativeLibrary LIBRARY = NativeLibrary.load(DNSUtils.class);
+
+    {
+        LIBRARY.require();
     }
 
     /**

@@ -13,8 +13,10 @@ import java.util.Map;
  * and no element of an array may be null.
  */
 public class EthernetInterfaces {
-    static {
-        NativeLibrary.load();
+    private static final NativeLibrary LIBRARY = NativeLibrary.load(EthernetInterfaces.class);
+
+    {
+        LIBRARY.require();
     }
 
     /**

@@ -24,8 +24,10 @@ public class HardwareStatusUtils {
     /** The user manager. */
     public static final int USER_MANAGER = 3;
 
-    static {
-        NativeLibrary.load();
+    private static final NativeLibrary LIBRARY = NativeLibrary.load(HardwareStatusUtils.class);
+
+    {
+        LIBRARY.require();
     }
 
     /** Whether somebody has opened the appliance's chassis. */

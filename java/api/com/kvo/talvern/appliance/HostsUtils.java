@@ -7,8 +7,10 @@ import com.kvo.talvern.TalvernException;
  * The hosts table: host names that the appliance resolves by itself, listed under their address.
  */
 public class HostsUtils {
-    static {
-        NativeLibrary.load();
+    private static final NativeLibrary LIBRARY = NativeLibrary.load(HostsUtils.class);
+
+    {
+        LIBRARY.require();
     }
 
     /**

@@ -7,8 +7,10 @@ import com.kvo.talvern.TalvernException;
  * The servers from which the appliance takes the time.
  */
 public class NTPUtils {
-    static {
-        NativeLibrary.load();
+    private static final NativeLibrary LIBRARY = NativeLibrary.load(NTPUtils.class);
+
+    {
+        LIBRARY.require();
     }
 
     /**

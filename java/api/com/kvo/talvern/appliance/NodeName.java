@@ -7,8 +7,10 @@ import com.kvo.talvern.TalvernException;
  * The name by which the appliance is known in its network.
  */
 public class NodeName {
-    static {
-        NativeLibrary.load();
+    private static final NativeLibrary LIBRARY = NativeLibrary.load(NodeName.class);
+
+    {
+        LIBRARY.require();
     }
 
     /**

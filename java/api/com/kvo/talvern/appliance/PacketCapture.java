@@ -8,8 +8,10 @@ import java.util.Vector;
  * Captures of the packets on the appliance's network interfaces, at most one per interface.
  */
 public class PacketCapture {
-    static {
-        NativeLibrary.load();
+    private static final NativeLibrary LIBRARY = NativeLibrary.load(PacketCapture.class);
+
+    {
+        LIBRARY.require();
     }
 
     /** The state of an interface's capture, or why none was started. */

@@ -7,8 +7,10 @@ import com.kvo.talvern.TalvernException;
  * The appliance's SNMP daemon.
  */
 public class SNMPUtils {
-    static {
-        NativeLibrary.load();
+    private static final NativeLibrary LIBRARY = NativeLibrary.load(SNMPUtils.class);
+
+    {
+        LIBRARY.require();
     }
 
     /**

@@ -7,8 +7,10 @@ import com.kvo.talvern.TalvernException;
  * The time zone of the appliance.
  */
 public class TimeZoneUtils {
-    static {
-        NativeLibrary.load();
+    private static final NativeLibrary LIBRARY = NativeLibrary.load(TimeZoneUtils.class);
+
+    {
+        LIBRARY.require();
     }
 
     /**

@@ -21,8 +21,10 @@ import java.util.List;
  * <p>An object of this class keeps nothing but the last return code. Threads that read it use one object each.
  */
 public class ServiceUtils {
-    static {
-        NativeLibrary.load();
+    private static final NativeLibrary LIBRARY = NativeLibrary.load(ServiceUtils.class);
+
+    {
+        LIBRARY.require();
     }
 
     private volatile ReturnCode returnCode = ReturnCode.OK;

@@ -12,8 +12,10 @@ import com.kvo.talvern.TalvernException;
  * keys, and not by several threads at once.
  */
 public abstract class Value {
-    static {
-        NativeLibrary.load();
+    private static final NativeLibrary LIBRARY = NativeLibrary.load(Value.class);
+
+    {
+        LIBRARY.require();
     }
 
     private final boolean mu;

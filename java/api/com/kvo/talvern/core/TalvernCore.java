@@ -6,8 +6,10 @@ import com.kvo.talvern.NativeLibrary;
  * What a process sets up before it uses the appliance.
  */
 public class TalvernCore {
-    static {
-        NativeLibrary.load();
+    private static final NativeLibrary LIBRARY = NativeLibrary.load(TalvernCore.class);
+
+    {
+        LIBRARY.require();
     }
 
     /**

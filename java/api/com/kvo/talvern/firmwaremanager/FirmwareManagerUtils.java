@@ -6,8 +6,10 @@ import com.kvo.talvern.NativeLibrary;
  * The appliance's firmware: the one that runs and the one that ran before.
  */
 public class FirmwareManagerUtils {
-    static {
-        NativeLibrary.load();
+    private static final NativeLibrary LIBRARY = NativeLibrary.load(FirmwareManagerUtils.class);
+
+    {
+        LIBRARY.require();
     }
 
     /**

@@ -1,28 +1,42 @@
 package com.kvo.talvern.internal;
 
+import java.io.IOException;
 import java.util.ArrayList;
 import java.util.Collections;
 import java.util.LinkedHashSet;
 import java.util.List;
+import java.util.Locale;
 import java.util.Set;
+import java.util.regex.Matcher;
+import java.util.regex.Pattern;
 
 /**
  * What the bridge needs of the Java side. The list is a section of the bridge's file. For the classes of
  * this product only.
  */
 public final class Requirements {
+    private static final Pattern LINE = Pattern.compile("version (?<version>\\S+)"
+            + "|(?<kind>class|throwable|method|static|native) (?<class>\\S+)(?: (?<name>\\S+) (?<signature>\\S+))?");
+
     private String version = "unknown";
     private final List<Member> members = new ArrayList<>();
 
     /**
      * @param bridge the bridge's file
+     * @throws IOException if it is another library, or its list is damaged; the message says so
      */
-    public Requirements(ElfLibrary bridge) {
+    public Requirements(ElfLibrary bridge) throws IOException {
+        if (bridge.description().isEmpty()) {
+            throw new IOException(bridge.file() + " is not the bridge: it does not tell what it needs of Java");
+        }
         for (String line : bridge.description().split("\n")) {
-            String[] words = line.split(" ");
-            if (words[0].equals("version")) {
-                version = words[1];
-            } else if (!line.isEmpty()) {
+            Matcher words = LINE.matcher(line);
+            if (!words.matches()) {
+                throw new IOException(bridge.file() + " is damaged: its list of what it needs of Java is unreadable");
+            }
+            if (words.group("version") != null) {
+                version = words.group("version");
+            } else {
                 members.add(new Member(words));
             }
         }
@@ -83,11 +97,11 @@ public final class Requirements {
         /** The method's JNI signature; empty for a class. */
         public final String signature;
 
-        private Member(String[] words) {
-            kind = Kind.valueOf(words[0].toUpperCase(java.util.Locale.ROOT));
-            className = words[1];
-            name = words.length > 2 ? words[2] : "";
-            signature = words.length > 3 ? words[3] : "";
+        private Member(Matcher words) {
+            kind = Kind.valueOf(words.group("kind").toUpperCase(Locale.ROOT));
+            className = words.group("class");
+            name = words.group("name") == null ? "" : words.group("name");
+            signature = words.group("signature") == null ? "" : words.group("signature");
         }
     }
 }

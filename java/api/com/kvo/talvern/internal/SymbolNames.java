@@ -2,11 +2,18 @@ package com.kvo.talvern.internal;
 
 import java.util.ArrayList;
 import java.util.List;
+import java.util.regex.Matcher;
+import java.util.regex.Pattern;
 
 /**
  * Names of functions in native libraries. For the classes of this product only.
  */
 public final class SymbolNames {
+    /** A name within others, of a const member function too, or of what belongs to a class. */
+    private static final Pattern CPLUSPLUS = Pattern.compile("_Z(T.)?NK?");
+
+    private static final Pattern LENGTH = Pattern.compile("[0-9]{1,5}");
+
     private SymbolNames() {}
 
     /**
@@ -36,23 +43,20 @@ public final class SymbolNames {
      *     itself if that can't be told
      */
     public static String readable(String symbol) {
-        if (!symbol.startsWith("_Z") || symbol.length() < 6) {
+        Matcher start = CPLUSPLUS.matcher(symbol);
+        if (!start.lookingAt()) {
             return symbol;
         }
-        int at = symbol.charAt(2) == 'T' ? 4 : 2; // _ZTI, _ZTV: what belongs to a class
-        if (symbol.charAt(at++) != 'N') {
-            return symbol;
-        }
-        at += symbol.charAt(at) == 'K' ? 1 : 0; // a const member function
         List<String> names = new ArrayList<>();
-        while (Character.isDigit(symbol.charAt(at))) {
-            int length = 0;
-            for (; Character.isDigit(symbol.charAt(at)); ++at) {
-                length = length * 10 + Character.digit(symbol.charAt(at), 10);
+        int at = start.end();
+        for (Matcher digits = LENGTH.matcher(symbol); digits.region(at, symbol.length()).lookingAt();) {
+            int end = digits.end() + Integer.parseInt(digits.group());
+            if (end > symbol.length()) {
+                return symbol;
             }
-            names.add(symbol.substring(at, at + length));
-            at += length;
+            names.add(symbol.substring(digits.end(), end));
+            at = end;
         }
-        return String.join("::", names);
+        return names.isEmpty() ? symbol : String.join("::", names);
     }
 }

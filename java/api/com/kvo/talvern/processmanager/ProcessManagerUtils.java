@@ -7,8 +7,10 @@ import com.kvo.talvern.TalvernException;
  * The appliance's process manager: restarts, the health of processes, how much all of them log.
  */
 public class ProcessManagerUtils {
-    static {
-        NativeLibrary.load();
+    private static final NativeLibrary LIBRARY = NativeLibrary.load(ProcessManagerUtils.class);
+
+    {
+        LIBRARY.require();
     }
 
     /**

@@ -7,8 +7,10 @@ import com.kvo.talvern.TalvernException;
  * Tests of the appliance's services, each known by a name.
  */
 public class ServicesUtils {
-    static {
-        NativeLibrary.load();
+    private static final NativeLibrary LIBRARY = NativeLibrary.load(ServicesUtils.class);
+
+    {
+        LIBRARY.require();
     }
 
     /**

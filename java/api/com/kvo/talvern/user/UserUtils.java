@@ -7,8 +7,10 @@ import com.kvo.talvern.TalvernException;
  * The appliance's user accounts, with their passwords and SSH keys.
  */
 public class UserUtils {
-    static {
-        NativeLibrary.load();
+    private static final NativeLibrary LIBRARY = NativeLibrary.load(UserUtils.class);
+
+    {
+        LIBRARY.require();
     }
 
     /**

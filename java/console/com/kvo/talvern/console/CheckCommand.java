@@ -13,6 +13,8 @@ import picocli.CommandLine.Model.OptionSpec;
 
 /** Whether the three parties of an installation fit together. */
 final class CheckCommand extends ConsoleCommand {
+    private static final List<String> NOT_COMPARED = List.of("what operations return", "the layout of records");
+
     private List<File> jars;
     private File bridge;
     private List<File> platforms;
@@ -25,8 +27,8 @@ final class CheckCommand extends ConsoleCommand {
         spec.addOption(fileOption("--bridge").type(File.class).description(
                 "The bridge. By default the one that a Java program would load.").build());
         spec.addOption(fileOption("--platform").type(List.class).auxiliaryTypes(File.class).description(
-                "The platform library; repeatable if it is made of several. By default the one beside the bridge or"
-                + " in the library path.").build());
+                "The platform library; repeatable if it is made of several. By default the one"
+                + " that a Java program would load.").build());
     }
 
     private static OptionSpec.Builder fileOption(String name) {
@@ -37,6 +39,7 @@ final class CheckCommand extends ConsoleCommand {
     protected int run(Output output) throws Exception {
         findFiles();
         Fit fit = new Fit(jars, bridge, platforms);
+        platforms = fit.platforms();
         output.result(values(fit), () -> show(fit, output));
         return fit.findings().isEmpty() ? ExitCode.DONE : ExitCode.MISMATCH;
     }
@@ -52,11 +55,8 @@ final class CheckCommand extends ConsoleCommand {
         if (bridge == null) {
             bridge = NativeLibrary.file();
         }
-        requireFiles(List.of(bridge));
-        if (platforms.isEmpty()) {
-            platforms = List.of(platformBeside(bridge.getAbsoluteFile()));
-        }
         requireFiles(jars);
+        requireFiles(List.of(bridge));
         requireFiles(platforms);
     }
 
@@ -68,20 +68,6 @@ final class CheckCommand extends ConsoleCommand {
         }
     }
 
-    private File platformBeside(File library) {
-        List<String> folders = new ArrayList<>();
-        folders.addAll(List.of(System.getenv().getOrDefault("LD_LIBRARY_PATH", "").split(File.pathSeparator)));
-        folders.add(library.getParent());
-        folders.add(library.getParentFile().getParent()); // for .../jni/
-        for (String folder : folders) {
-            File file = new File(folder, Fit.PLATFORM);
-            if (file.isFile()) {
-                return file;
-            }
-        }
-        throw usageError("No platform library " + Fit.PLATFORM + " was found; name it with --platform.");
-    }
-
     private Map<String, Object> values(Fit fit) {
         List<Map<String, Object>> findings = new ArrayList<>();
         for (Finding finding : fit.findings()) {
@@ -91,6 +77,7 @@ final class CheckCommand extends ConsoleCommand {
             values.put("name", finding.name);
             values.put("symbol", finding.symbol);
             values.put("problem", finding.problem);
+            values.put("header", finding.header);
             findings.add(values);
         }
         Map<String, Object> values = new LinkedHashMap<>();
@@ -101,6 +88,7 @@ final class CheckCommand extends ConsoleCommand {
         values.put("natives", fit.natives());
         values.put("members", fit.members());
         values.put("operations", fit.operations());
+        values.put("notCompared", NOT_COMPARED);
         values.put("findings", findings);
         return values;
     }
@@ -108,22 +96,27 @@ final class CheckCommand extends ConsoleCommand {
     private void show(Fit fit, Output output) {
         output.line("Java classes      " + String.join(", ", names(jars)));
         output.line("bridge            " + bridge);
-        output.line("platform library  " + String.join(", ", names(platforms)));
+        output.line("platform library  " + (platforms.isEmpty() ? "(none)" : String.join(", ", names(platforms))));
         output.line("compared          " + fit.natives() + " native methods, " + fit.members()
-                + " other classes and methods, " + fit.operations() + " platform operations");
+                + " classes and methods, " + fit.operations() + " operations");
+        output.line("not compared      " + String.join(", ", NOT_COMPARED));
         output.line("");
-        List<List<String>> rows = new ArrayList<>();
-        for (Finding finding : fit.findings()) {
-            String symbol = finding.symbol == null ? "" : " (" + finding.symbol + ")";
-            rows.add(List.of(finding.party, finding.kind, finding.name, finding.problem + symbol));
-        }
-        if (rows.isEmpty()) {
+        if (fit.findings().isEmpty()) {
             output.line(output.good("They fit together."));
-        } else {
-            output.table(List.of("IN", "WHAT", "NAME", "PROBLEM"), rows);
-            output.line("");
-            output.line(output.bad("They don't fit together: " + rows.size() + " differences."));
+            return;
         }
+        Map<String, List<List<String>>> tables = new LinkedHashMap<>();
+        for (Finding finding : fit.findings()) {
+            String heading = "In the " + finding.party + (finding.header == null ? "" : ", " + finding.header);
+            tables.computeIfAbsent(heading, key -> new ArrayList<>())
+                    .add(List.of(finding.kind, finding.name, finding.problem));
+        }
+        tables.forEach((heading, rows) -> {
+            output.line(output.heading(heading));
+            output.table(List.of("WHAT", "NAME", "PROBLEM"), rows);
+            output.line("");
+        });
+        output.line(output.bad("They don't fit together: " + fit.findings().size() + " differences."));
     }
 
     private static List<String> names(List<File> files) {

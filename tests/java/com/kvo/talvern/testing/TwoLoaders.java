@@ -17,7 +17,7 @@ public final class TwoLoaders {
             // Closed by no one: what they have loaded stays in use.
             @SuppressWarnings("resource")
             ClassLoader loader = new URLClassLoader(path, null);
-            Class.forName("com.kvo.talvern.appliance.NodeName", true, loader);
+            Class.forName("com.kvo.talvern.appliance.NodeName", true, loader).getConstructor().newInstance();
         }
     }
 }

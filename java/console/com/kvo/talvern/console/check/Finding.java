@@ -1,7 +1,12 @@
 package com.kvo.talvern.console.check;
 
+import java.util.regex.Pattern;
+
 /** One thing that does not fit. */
 public final class Finding {
+    /** What would make a terminal do something else than show it. */
+    private static final Pattern CONTROLS = Pattern.compile("[\\p{Cc}\\p{Cf}]");
+
     /** Where it has to be put right: "jar", "bridge" or "platform". */
     public final String party;
 
@@ -17,11 +22,24 @@ public final class Finding {
     /** What is wrong with it. */
     public final String problem;
 
+    /** The header that declares it, such as "platform/nodeName.h"; null where none does. */
+    public final String header;
+
     Finding(String party, String kind, String name, String symbol, String problem) {
+        this(party, kind, name, symbol, problem, null);
+    }
+
+    Finding(String party, String kind, String name, String symbol, String problem, String header) {
         this.party = party;
         this.kind = kind;
-        this.name = name;
-        this.symbol = symbol;
-        this.problem = problem;
+        this.name = escaped(name);
+        this.symbol = symbol == null ? null : escaped(symbol);
+        this.problem = escaped(problem);
+        this.header = header;
+    }
+
+    /** What the files say is not to be trusted. */
+    private static String escaped(String text) {
+        return CONTROLS.matcher(text).replaceAll(found -> String.format("\\\\u%04x", found.group().codePointAt(0)));
     }
 }

@@ -5,7 +5,9 @@ import java.io.File;
 import java.io.IOException;
 import java.util.ArrayList;
 import java.util.Collections;
+import java.util.Comparator;
 import java.util.List;
+import java.util.function.Consumer;
 
 /** Compares Java classes and a platform library with what the bridge needs. */
 public final class Fit {
@@ -13,6 +15,7 @@ public final class Fit {
     public static final String PLATFORM = "libtalvern.so.1";
 
     private final List<Finding> findings = new ArrayList<>();
+    private List<File> platforms;
     private int natives;
     private int members;
     private int operations;
@@ -22,28 +25,50 @@ public final class Fit {
      *
      * @param jars the jars with the Java classes, in the order of the class path
      * @param bridgeFile the bridge
-     * @param platforms the platform library, or those that it is made of
+     * @param platforms the platform library, or those that it is made of; if empty the one that the linker would load
      */
     public Fit(List<File> jars, File bridgeFile, List<File> platforms) {
+        this.platforms = platforms;
         try {
-            ElfLibrary bridge = ElfLibrary.read(bridgeFile);
+            ElfLibrary bridge = UnreadableFile.library(bridgeFile);
             JavaSide java = new JavaSide(bridge, findings);
-            java.compare(jars);
+            PlatformSide platform = new PlatformSide(bridge, findings);
             natives = java.natives();
             members = java.members();
-            PlatformSide platform = new PlatformSide(bridge, findings);
-            platform.compare(platforms);
             operations = platform.operations();
+            this.platforms = platforms.isEmpty() ? platform.find() : platforms;
+            compare("jar", jars, java::compare);
+            compare("platform", this.platforms, platform::compare);
+        } catch (UnreadableFile e) {
+            findings.add(e.finding("bridge"));
         } catch (IOException e) {
-            findings.add(new Finding("bridge", "file", bridgeFile.getPath(), null, e.getMessage()));
+            findings.add(UnreadableFile.of(bridgeFile, e).finding("bridge"));
+        }
+        findings.sort(Comparator.comparing((Finding finding) -> finding.party)
+                .thenComparing(finding -> finding.header == null ? "" : finding.header)
+                .thenComparing(finding -> finding.kind).thenComparing(finding -> finding.name));
+    }
+
+    private void compare(String party, List<File> files, Consumer<List<File>> comparison) {
+        try {
+            comparison.accept(files);
+        } catch (UnreadableFile e) { // what else it has is not known
+            findings.add(e.finding(party));
         }
     }
 
     /**
-     * @return all that does not fit
+     * @return all that does not fit, sorted
      */
     public List<Finding> findings() {
         return Collections.unmodifiableList(findings);
+    }
+
+    /**
+     * @return the platform library, or those that it is made of; empty if there is none
+     */
+    public List<File> platforms() {
+        return Collections.unmodifiableList(platforms);
     }
 
     /**

@@ -1,56 +1,76 @@
 package com.kvo.talvern.console.check;
 
+import java.io.ByteArrayInputStream;
 import java.io.Closeable;
 import java.io.File;
 import java.io.IOException;
 import java.io.InputStream;
-import java.io.UncheckedIOException;
 import java.util.ArrayList;
 import java.util.HashMap;
+import java.util.LinkedHashMap;
 import java.util.List;
 import java.util.Map;
 import java.util.jar.JarFile;
-import org.objectweb.asm.ClassReader;
-import org.objectweb.asm.Opcodes;
+import java.util.jar.Manifest;
+import java.util.zip.ZipEntry;
+import java.util.zip.ZipFile;
 
-/** The classes of some jars and of the JDK, read and not loaded. Names are such as "java/lang/String". */
+/**
+ * The classes of some jars and of the JDK, read and not loaded. Names are such as "java/lang/String". What can't be
+ * read is an {@link UnreadableFile}.
+ */
 final class JavaClasses implements Closeable {
-    private final List<JarFile> jars = new ArrayList<>();
+    /** No class and no manifest is as large; a damaged or malicious one must not exhaust the memory. */
+    private static final int LARGEST_ENTRY = 1 << 24;
+
+    private static final File JDK = new File(System.getProperty("java.home"));
+
+    private final Map<File, ZipFile> jars = new LinkedHashMap<>();
     private final Map<String, JavaClass> classes = new HashMap<>();
 
     /** Opens the jars, of which the first that has a class counts. */
     JavaClasses(List<File> files) throws IOException {
         for (File file : files) {
             try {
-                jars.add(new JarFile(file));
-            } catch (IOException e) {
+                jars.put(file, new ZipFile(file));
+            } catch (IOException | RuntimeException e) {
                 close();
-                throw new IOException(file + " is no readable jar: " + e.getMessage(), e);
+                throw new UnreadableFile(file, "is no readable jar: " + e.getMessage(), e);
             }
         }
     }
 
     @Override
     public void close() throws IOException {
-        for (JarFile jar : jars) {
+        for (ZipFile jar : jars.values()) {
             jar.close();
         }
     }
 
     /** The version that the first jar's manifest gives; null if it gives none. */
-    String version() throws IOException {
-        return jars.get(0).getManifest() == null
-                ? null : jars.get(0).getManifest().getMainAttributes().getValue("Implementation-Version");
+    String version() {
+        File file = jars.keySet().iterator().next();
+        byte[] manifest = read(file, JarFile.MANIFEST_NAME);
+        try {
+            return manifest == null ? null : new Manifest(new ByteArrayInputStream(manifest)).getMainAttributes()
+                    .getValue("Implementation-Version");
+        } catch (IOException | RuntimeException e) {
+            throw new UnreadableFile(file, "has a damaged manifest: " + e.getMessage(), e);
+        }
     }
 
     /** The names of the jars' classes in a folder and below. */
     List<String> namesBelow(String folder) {
         List<String> names = new ArrayList<>();
-        for (JarFile jar : jars) {
-            jar.stream().map(entry -> entry.getName())
-                    .filter(name -> name.startsWith(folder) && name.endsWith(".class"))
-                    .forEach(name -> names.add(name.substring(0, name.length() - ".class".length())));
-        }
+        jars.forEach((file, jar) -> {
+            try {
+                jar.stream().map(ZipEntry::getName)
+                        .filter(name -> name.startsWith(folder) && name.endsWith(".class"))
+                        .forEach(name -> names.add(name.substring(0, name.length() - ".class".length())));
+            } catch (RuntimeException e) {
+                throw new UnreadableFile(file, "has a damaged list of entries: " + e.getMessage(), e);
+            }
+        });
         return names;
     }
 
@@ -60,27 +80,45 @@ final class JavaClasses implements Closeable {
     }
 
     private JavaClass read(String name) {
-        String file = name + ".class";
-        try {
-            for (JarFile jar : jars) {
-                if (jar.getEntry(file) != null) {
-                    return parse(jar.getInputStream(jar.getEntry(file)));
-                }
+        String entry = name + ".class";
+        for (File file : jars.keySet()) {
+            byte[] bytes = read(file, entry);
+            if (bytes != null) {
+                return parse(file, entry, bytes);
             }
-            InputStream ofJdk = ClassLoader.getPlatformClassLoader().getResourceAsStream(file);
-            return ofJdk == null ? null : parse(ofJdk);
+        }
+        try (InputStream ofJdk = ClassLoader.getPlatformClassLoader().getResourceAsStream(entry)) {
+            return ofJdk == null ? null : parse(JDK, entry, ofJdk.readAllBytes());
         } catch (IOException e) {
-            throw new UncheckedIOException(e);
+            throw new UnreadableFile(JDK, "lacks " + entry, e);
         }
     }
 
-    private static JavaClass parse(InputStream stream) throws IOException {
-        try (stream) {
-            byte[] bytes = stream.readAllBytes();
-            bytes[7] = (byte) Math.min(bytes[7], Opcodes.V11); // newer ones say the same of what is read here
-            JavaClass javaClass = new JavaClass();
-            new ClassReader(bytes).accept(javaClass, ClassReader.SKIP_CODE | ClassReader.SKIP_DEBUG);
-            return javaClass;
+    /** An entry's content; null if there is none. */
+    private byte[] read(File file, String name) {
+        ZipFile jar = jars.get(file);
+        try {
+            ZipEntry entry = jar.getEntry(name);
+            if (entry == null) {
+                return null;
+            }
+            try (InputStream stream = jar.getInputStream(entry)) {
+                byte[] bytes = stream.readNBytes(LARGEST_ENTRY);
+                if (stream.read() >= 0) {
+                    throw new IOException("larger than any class");
+                }
+                return bytes;
+            }
+        } catch (IOException | RuntimeException e) {
+            throw new UnreadableFile(file, "has a damaged entry " + name + ": " + e.getMessage(), e);
+        }
+    }
+
+    private static JavaClass parse(File file, String name, byte[] bytes) {
+        try {
+            return new JavaClass(bytes);
+        } catch (IOException | RuntimeException e) {
+            throw new UnreadableFile(file, "has a damaged class " + name, e);
         }
     }
 }

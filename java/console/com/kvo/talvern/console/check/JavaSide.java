@@ -7,25 +7,31 @@ import com.kvo.talvern.internal.Requirements.Member;
 import com.kvo.talvern.internal.SymbolNames;
 import java.io.File;
 import java.io.IOException;
+import java.util.ArrayDeque;
 import java.util.ArrayList;
+import java.util.Collection;
+import java.util.Deque;
 import java.util.LinkedHashMap;
 import java.util.List;
 import java.util.Map;
 import java.util.Objects;
+import java.util.Optional;
 import java.util.Set;
+import java.util.regex.Pattern;
 import java.util.stream.Collectors;
-import org.objectweb.asm.Opcodes;
-import org.objectweb.asm.Type;
 
 /** Compares Java classes with what the bridge needs, and their native methods with what it has. */
 final class JavaSide {
     private static final String PACKAGE = "com/kvo/talvern/";
+    private static final Pattern TYPE = Pattern.compile("(\\[{0,255}+)(?:L([^;]+);|[ZBCSIJFDV])");
+    private static final Map<Character, String> PRIMITIVES = Map.of('Z', "boolean", 'B', "byte", 'C', "char",
+            'S', "short", 'I', "int", 'J', "long", 'F', "float", 'D', "double", 'V', "void");
 
     private final ElfLibrary bridge;
     private final Requirements requirements;
     private final List<Finding> findings;
 
-    JavaSide(ElfLibrary bridge, List<Finding> findings) {
+    JavaSide(ElfLibrary bridge, List<Finding> findings) throws IOException {
         this.bridge = bridge;
         this.requirements = new Requirements(bridge);
         this.findings = findings;
@@ -53,7 +59,7 @@ final class JavaSide {
             }
             compareNatives(classes);
         } catch (IOException e) {
-            findings.add(new Finding("jar", "file", jars.get(0).getPath(), null, e.getMessage()));
+            throw UnreadableFile.of(jars.get(0), e); // it can't be closed
         }
     }
 
@@ -67,7 +73,7 @@ final class JavaSide {
         }
         for (String className : classes.namesBelow(PACKAGE)) {
             classes.find(className).methods.forEach((method, access) -> {
-                if ((access & Opcodes.ACC_NATIVE) != 0) {
+                if ((access & JavaClass.NATIVE) != 0) {
                     int end = method.indexOf('(');
                     natives.put(SymbolNames.ofNative(className, method.substring(0, end)),
                             nameOf(className, method.substring(0, end), method.substring(end)));
@@ -89,7 +95,8 @@ final class JavaSide {
             case CLASS:
                 return javaClass == null ? "missing" : null;
             case THROWABLE:
-                return javaClass == null || isThrowable(member.className, classes) ? null : "is no Throwable";
+                return javaClass == null || lineage(member.className, classes).containsKey("java/lang/Throwable")
+                        ? null : "is no Throwable";
             default:
                 return javaClass == null ? "missing with its class" : problemOf(member, javaClass, classes);
         }
@@ -98,7 +105,8 @@ final class JavaSide {
     private static String problemOf(Member member, JavaClass javaClass, JavaClasses classes) {
         boolean isConstructor = member.name.equals("<init>");
         boolean isInherited = member.kind != Kind.NATIVE && !isConstructor;
-        List<JavaClass> lineage = isInherited ? lineage(member.className, classes) : List.of(javaClass);
+        Collection<JavaClass> lineage =
+                isInherited ? lineage(member.className, classes).values() : List.of(javaClass);
         Integer access = lineage.stream().map(ancestor -> ancestor.methods.get(member.name + member.signature))
                 .filter(Objects::nonNull).findFirst().orElse(null);
         if (access == null) {
@@ -109,40 +117,35 @@ final class JavaSide {
             return others.isEmpty() ? "missing" : "missing, there is " + others;
         }
         if (member.kind == Kind.NATIVE) {
-            return (access & Opcodes.ACC_NATIVE) == 0 ? "is not native" : null;
+            return (access & JavaClass.NATIVE) == 0 ? "is not native" : null;
         }
-        boolean isOfAbstractClass = (javaClass.access & Opcodes.ACC_ABSTRACT) != 0;
+        boolean isOfAbstractClass = (javaClass.access & JavaClass.ABSTRACT) != 0;
         if (isConstructor && isOfAbstractClass) {
             return "is of an abstract class";
         }
-        if ((access & Opcodes.ACC_ABSTRACT) != 0 && !isOfAbstractClass) {
+        if ((access & JavaClass.ABSTRACT) != 0 && !isOfAbstractClass) {
             return "missing, only declared by an interface or superclass";
         }
-        boolean isStatic = (access & Opcodes.ACC_STATIC) != 0;
+        boolean isStatic = (access & JavaClass.STATIC) != 0;
         if (isStatic != (member.kind == Kind.STATIC)) {
             return isStatic ? "is static" : "is not static";
         }
         return null;
     }
 
-    /** The class and all that it inherits from. */
-    private static List<JavaClass> lineage(String className, JavaClasses classes) {
-        List<JavaClass> lineage = new ArrayList<>();
-        JavaClass javaClass = className == null ? null : classes.find(className);
-        if (javaClass != null) {
-            lineage.add(javaClass);
-            lineage.addAll(lineage(javaClass.superName, classes));
-            for (String parent : javaClass.interfaces) {
-                lineage.addAll(lineage(parent, classes));
+    /** The class and all that it inherits from; superclasses before interfaces. */
+    private static Map<String, JavaClass> lineage(String className, JavaClasses classes) {
+        Map<String, JavaClass> lineage = new LinkedHashMap<>();
+        Deque<String> next = new ArrayDeque<>(List.of(className));
+        while (!next.isEmpty()) {
+            String name = next.pop();
+            JavaClass javaClass = classes.find(name);
+            if (javaClass != null && lineage.putIfAbsent(name, javaClass) == null) { // a damaged class may be its own
+                next.addAll(List.of(javaClass.interfaces));
+                Optional.ofNullable(javaClass.superName).ifPresent(next::push);
             }
         }
         return lineage;
-    }
-
-    private static boolean isThrowable(String className, JavaClasses classes) {
-        JavaClass javaClass = className == null ? null : classes.find(className);
-        return javaClass != null
-                && (className.equals("java/lang/Throwable") || isThrowable(javaClass.superName, classes));
     }
 
     private static String kindOf(Member member) {
@@ -167,13 +170,16 @@ final class JavaSide {
 
     /** As Java writes it, such as "java.util.List.add(int, java.lang.Object): void". */
     private static String nameOf(String className, String method, String signature) {
-        List<String> parameters = new ArrayList<>();
-        for (Type type : Type.getArgumentTypes(signature)) {
-            parameters.add(type.getClassName());
-        }
         boolean isConstructor = method.equals("<init>");
+        int end = signature.indexOf(')');
         return className.replace('/', '.') + (className.isEmpty() || isConstructor ? "" : ".")
-                + (isConstructor ? "" : method) + "(" + String.join(", ", parameters) + ")"
-                + (isConstructor ? "" : ": " + Type.getReturnType(signature).getClassName());
+                + (isConstructor ? "" : method) + "(" + typesOf(signature.substring(0, Math.max(end, 0))) + ")"
+                + (isConstructor ? "" : ": " + typesOf(signature.substring(end + 1)));
+    }
+
+    private static String typesOf(String signature) {
+        return TYPE.matcher(signature).results()
+                .map(type -> (type.group(2) == null ? PRIMITIVES.get(signature.charAt(type.end() - 1)) : type.group(2).replace('/', '.'))
+                        + "[]".repeat(type.group(1).length())).collect(Collectors.joining(", "));
     }
 }

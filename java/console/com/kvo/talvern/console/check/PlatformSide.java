@@ -1,13 +1,13 @@
 package com.kvo.talvern.console.check;
 
 import com.kvo.talvern.internal.ElfLibrary;
+import com.kvo.talvern.internal.LibrarySearch;
 import com.kvo.talvern.internal.SymbolNames;
-import java.io.BufferedReader;
 import java.io.File;
 import java.io.IOException;
-import java.io.InputStreamReader;
-import java.nio.charset.StandardCharsets;
+import java.util.ArrayDeque;
 import java.util.ArrayList;
+import java.util.Deque;
 import java.util.HashSet;
 import java.util.LinkedHashMap;
 import java.util.List;
@@ -15,74 +15,133 @@ import java.util.Map;
 import java.util.Set;
 import java.util.stream.Collectors;
 
-/** Compares a platform library with what the bridge calls. */
+/**
+ * Compares a platform library with what the bridge calls, and the system with what both need to be loaded. What can't
+ * be read is an {@link UnreadableFile}.
+ */
 final class PlatformSide {
-    private final ElfLibrary bridge;
-    private final Set<String> needed;
+    private final LibrarySearch bridge;
+    private final Set<String> operations;
     private final List<Finding> findings;
+    private final Map<String, LibrarySearch> loaded = new LinkedHashMap<>();
 
-    PlatformSide(ElfLibrary bridge, List<Finding> findings) {
-        this.bridge = bridge;
-        this.needed = bridge.importsFrom(Fit.PLATFORM);
+    PlatformSide(ElfLibrary bridge, List<Finding> findings) throws IOException {
+        this.bridge = new LibrarySearch(bridge);
+        this.operations = bridge.importsFrom(Fit.PLATFORM);
         this.findings = findings;
     }
 
     int operations() {
-        return needed.size();
+        return operations.size();
     }
 
-    void compare(List<File> libraries) {
-        Set<String> offered = new HashSet<>();
-        for (File file : libraries) {
-            try {
-                ElfLibrary library = ElfLibrary.read(file);
-                offered.addAll(library.exports());
-                if (!library.architecture().equals(bridge.architecture())) {
-                    findings.add(new Finding("platform", "processor", library.architecture(), null,
-                            "the bridge is for " + bridge.architecture()));
-                }
-            } catch (IOException e) {
-                findings.add(new Finding("platform", "file", file.getPath(), null, e.getMessage()));
-                return; // what else it has is not known
+    /** The platform library that the linker would take, or the first that it finds and can't use. */
+    List<File> find() {
+        File found = bridge.find(Fit.PLATFORM);
+        return found != null ? List.of(found)
+                : bridge.files(Fit.PLATFORM).stream().limit(1).collect(Collectors.toList());
+    }
+
+    /** The first of several files stands for the platform library. */
+    void compare(List<File> files) {
+        if (files.isEmpty()) {
+            findings.add(new Finding("platform", "library", Fit.PLATFORM, null, "missing. Looked in: "
+                    + bridge.folders().stream().map(File::getPath).collect(Collectors.joining(", "))
+                    + ", and the system's library folders"));
+            return;
+        }
+        for (File file : files) {
+            LibrarySearch given = load(loaded.isEmpty() ? Fit.PLATFORM : null, file, bridge);
+            if (isForeign(given)) {
+                findings.add(new Finding("platform", "processor", given.library().architecture(), null,
+                        "the bridge is for " + bridge.library().architecture()));
             }
         }
-        List<String> missing = new ArrayList<>(needed);
-        missing.removeAll(offered);
-        readableNames(missing).forEach((symbol, name) -> findings.add(
-                new Finding("platform", "operation", name, symbol, "missing" + othersLike(symbol, offered))));
-    }
-
-    private static String othersLike(String symbol, Set<String> offered) {
-        String name = SymbolNames.readable(symbol);
-        List<String> others = offered.stream()
-                .filter(other -> SymbolNames.readable(other).equals(name)).collect(Collectors.toList());
-        return others.isEmpty() ? "" : ", there is " + String.join(", ", readableNames(others).values());
-    }
-
-    /** The symbols with their names in the source; with parameters where this machine has a tool that knows them. */
-    private static Map<String, String> readableNames(List<String> symbols) {
-        Map<String, String> names = new LinkedHashMap<>();
-        symbols.forEach(symbol -> names.put(symbol, SymbolNames.readable(symbol)));
-        if (symbols.isEmpty()) {
-            return names;
+        String processor = LibrarySearch.architecture();
+        if (processor == null || processor.equals(bridge.library().architecture())) {
+            loadOthers();
+            compareVersions();
+        } else {
+            findings.add(new Finding("bridge", "processor", bridge.library().architecture(), null,
+                    "this JVM is for " + processor));
         }
-        List<String> command = new ArrayList<>(symbols);
-        command.add(0, "c++filt");
-        try {
-            Process process = new ProcessBuilder(command).redirectError(ProcessBuilder.Redirect.DISCARD).start();
-            try (BufferedReader lines = new BufferedReader(
-                    new InputStreamReader(process.getInputStream(), StandardCharsets.UTF_8))) {
-                for (String symbol : symbols) {
-                    String line = lines.readLine();
-                    if (line != null) {
-                        names.put(symbol, line.replace("std::__cxx11::basic_string<char, std::char_traits<char>,"
-                                + " std::allocator<char> >", "std::string"));
-                    }
+        compareOperations();
+    }
+
+    private LibrarySearch load(String name, File file, LibrarySearch user) {
+        LibrarySearch library = new LibrarySearch(UnreadableFile.library(file), user);
+        loaded.put(name == null ? library.library().name() : name, library);
+        return library;
+    }
+
+    private boolean isForeign(LibrarySearch library) {
+        return !library.library().architecture().equals(bridge.library().architecture());
+    }
+
+    /** All that the linker would load with the bridge. */
+    private void loadOthers() {
+        Set<String> missing = new HashSet<>();
+        Deque<LibrarySearch> users = new ArrayDeque<>(loaded.values());
+        users.removeIf(this::isForeign);
+        users.addFirst(bridge);
+        while (!users.isEmpty()) {
+            LibrarySearch user = users.remove();
+            for (String name : user.library().needed()) {
+                File file = loaded.containsKey(name) ? null : user.find(name);
+                if (file != null) {
+                    users.add(load(name, file, user));
+                } else if (!loaded.containsKey(name) && missing.add(name)) {
+                    findings.add(new Finding(party(user), "library", name, null, "missing, needed by "
+                            + user.library().file()));
                 }
             }
-        } catch (IOException e) {
-            // There is no such tool; the names without parameters do.
         }
-        return names;
+    }
+
+    private void compareVersions() {
+        List<LibrarySearch> users = new ArrayList<>(loaded.values());
+        users.add(bridge);
+        for (LibrarySearch user : users) {
+            user.library().neededVersions().forEach((name, versions) -> {
+                ElfLibrary provider = loaded.containsKey(name) ? loaded.get(name).library() : user.library();
+                versions.stream().filter(version -> !provider.versions().isEmpty()
+                        && !provider.versions().contains(version)).forEach(version -> findings.add(
+                        new Finding(party(user), "version", version, null, "missing in " + provider.file()
+                                + ", needed by " + user.library().file())));
+            });
+        }
+    }
+
+    private String party(LibrarySearch library) {
+        return library == bridge ? "bridge" : "platform";
+    }
+
+    private void compareOperations() {
+        Set<String> missing = new HashSet<>(operations);
+        loaded.values().forEach(library -> missing.removeAll(library.library().exports()));
+        if (missing.isEmpty()) {
+            return;
+        }
+        Map<String, Set<String>> offered = loaded.values().stream()
+                .flatMap(library -> library.library().exports().stream())
+                .collect(Collectors.groupingBy(SymbolNames::readable, Collectors.toSet()));
+        Demangler.names(missing).forEach((symbol, name) -> {
+            Set<String> others = offered.getOrDefault(SymbolNames.readable(symbol), Set.of());
+            findings.add(new Finding("platform", "operation", name, symbol, others.isEmpty() ? "missing"
+                    : "missing, there is " + String.join(", ", Demangler.names(others).values()), header(symbol)));
+        });
+    }
+
+    /** The header that declares an operation: that of its namespace, but the configuration's has several. */
+    private static String header(String symbol) {
+        String[] names = SymbolNames.readable(symbol).split("::");
+        if (names.length < 3 || !names[0].equals("talvern")) {
+            return null;
+        }
+        String header = names[1];
+        if (header.equals("config")) {
+            header = names[2].equals("messaging") ? "messaging" : names[2].equals("Value") ? "value" : "configService";
+        }
+        return "platform/" + header + ".h";
     }
 }

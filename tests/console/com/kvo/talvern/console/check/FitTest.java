@@ -14,6 +14,7 @@ import java.io.IOException;
 import java.nio.charset.StandardCharsets;
 import java.nio.file.Files;
 import java.util.Arrays;
+import java.util.Comparator;
 import java.util.List;
 import java.util.Map;
 import java.util.Set;
@@ -37,6 +38,7 @@ import org.objectweb.asm.tree.MethodNode;
 /** Each thing that the bridge needs is taken away or changed in turn, and the comparison must name it. */
 public class FitTest {
     private static final File BUILD = new File(System.getProperty("talvern.build"));
+    private static final File SOURCES = new File(System.getProperty("talvern.sources"));
     private static final File JAR = new File(BUILD, "talvern-api.jar");
     private static final File BRIDGE = new File(BUILD, "libtalvernjni.so");
     private static final File PLATFORM = new File(BUILD, Fit.PLATFORM);
@@ -132,18 +134,66 @@ public class FitTest {
     }
 
     @Test
-    public void namesOtherReleasesProcessorsAndDamagedFiles() throws IOException {
+    public void namesTheHeaderThatDeclaresAnOperation() throws IOException {
+        List<Finding> findings = compare(List.of(JAR), BRIDGE, changed(PLATFORM, bridge.importsFrom(Fit.PLATFORM), true));
+        for (Finding finding : findings) {
+            String name = finding.name.replaceFirst("\\(.*", "").replaceFirst(".*::", "");
+            assertTrue(finding.name + " in " + finding.header,
+                    Files.readString(new File(SOURCES, finding.header).toPath()).matches("(?s).*\\W" + name + "\\W.*"));
+        }
+        assertEquals(findings, findings.stream().sorted(Comparator.comparing((Finding finding) -> finding.header)
+                .thenComparing(finding -> finding.name)).collect(Collectors.toList()));
+    }
+
+    @Test
+    public void namesOtherReleasesAndProcessors() throws IOException {
         Map<String, byte[]> older = new TreeMap<>(CLASSES);
         older.put(JarFile.MANIFEST_NAME, "Manifest-Version: 1.0\nImplementation-Version: 0.9\n".getBytes());
         assertEquals("jar version 0.9", names(compareJars(jar(older))));
 
+        File platform = file(withByte(Files.readAllBytes(PLATFORM.toPath()), 18, 183));
+        assertEquals("platform processor AArch64", names(compare(List.of(JAR), BRIDGE, platform)));
+        File foreign = file(withByte(Files.readAllBytes(BRIDGE.toPath()), 18, 183));
+        assertEquals("bridge processor AArch64", names(compare(List.of(JAR), foreign, platform)));
+    }
+
+    @Test
+    public void namesWhatTheSystemLacks() throws IOException {
+        File newer = replaced(BRIDGE, "GLIBCXX_3.4.2", "GLIBCXX_9.4.2");
+        assertEquals("bridge version GLIBCXX_9.4.2", names(compare(List.of(JAR), newer, PLATFORM)).substring(0, 28));
+        File needy = replaced(PLATFORM, "libstdc++.so.6", "libother+.so.6");
+        assertEquals("platform library libother+.so.6", names(compare(List.of(JAR), BRIDGE, needy)));
+    }
+
+    @Test
+    public void namesDamagedFiles() throws IOException {
         byte[] platform = Files.readAllBytes(PLATFORM.toPath());
-        File foreign = file(withByte(platform, 18, 183));
-        assertEquals("platform processor AArch64", names(compare(List.of(JAR), BRIDGE, foreign)));
         for (File damaged : List.of(file(Arrays.copyOf(platform, 9999)), file(withByte(platform, 0, 0)))) {
             assertEquals("platform file " + damaged, names(compare(List.of(JAR), BRIDGE, damaged)));
             assertEquals("bridge file " + damaged, names(compare(List.of(JAR), damaged, PLATFORM)));
             assertEquals("jar file " + damaged, names(compareJars(damaged)));
+        }
+        File other = new File("/bin/ls");
+        assertEquals("bridge file " + other, names(compare(List.of(JAR), other, PLATFORM)));
+        File listless = replaced(BRIDGE, "throwable com/", "thrown    com/");
+        assertEquals("bridge file " + listless, names(compare(List.of(JAR), listless, PLATFORM)));
+
+        ClassNode ownParent = read("com/kvo/talvern/TalvernException");
+        ownParent.superName = ownParent.name;
+        File jar = jar(Map.of(ownParent.name + ".class", write(ownParent)));
+        assertEquals("jar exception com.kvo.talvern.TalvernException", names(compareJars(jar, JAR)).split("\n")[0]);
+        jar = jar(Map.of("com/kvo/talvern/Huge.class", new byte[1 << 25]));
+        assertEquals("jar file " + jar, names(compareJars(jar, JAR)));
+    }
+
+    @Test
+    public void escapesWhatLibrariesSay() throws IOException {
+        String symbol = bridge.importsFrom(Fit.PLATFORM).iterator().next();
+        for (String name : List.of("@/etc/passwd", "\u001b[31mred", "_Z\n_Z1f")) {
+            File changed = replaced(BRIDGE, "\0" + symbol, "\0" + name + symbol.substring(name.length()));
+            Finding finding = compare(List.of(JAR), changed, PLATFORM).get(0);
+            assertEquals((name + symbol.substring(name.length())).replace("\u001b", "\\u001b").replace("\n", "\\u000a"),
+                    finding.name);
         }
     }
 
@@ -183,6 +233,12 @@ public class FitTest {
             bytes[place] = (byte) (bytes[place] == 'l' ? 'm' : 'l');
         }
         return file(bytes);
+    }
+
+    private static File replaced(File library, String text, String other) throws IOException {
+        String content = Files.readString(library.toPath(), StandardCharsets.ISO_8859_1);
+        assertTrue(text, content.contains(text) && text.length() == other.length());
+        return file(content.replace(text, other).getBytes(StandardCharsets.ISO_8859_1));
     }
 
     private static void assertNamed(List<Finding> findings, Member member, String problem) {

@@ -1,0 +1,36 @@
+package com.kvo.talvern.testing;
+
+import java.io.IOException;
+import java.util.zip.ZipFile;
+
+/** Defines classes without telling where they come from, and serves them as classes only. */
+public final class BareLoader extends ClassLoader {
+    private final ZipFile jar;
+
+    private BareLoader(ZipFile jar) {
+        super(null);
+        this.jar = jar;
+    }
+
+    /**
+     * Uses the API.
+     *
+     * @param jar the API's jar
+     */
+    public static void main(String[] jar) throws Exception {
+        try (ZipFile content = new ZipFile(jar[0])) {
+            Class<?> nodeName = new BareLoader(content).loadClass("com.kvo.talvern.appliance.NodeName");
+            System.out.println(nodeName.getMethod("getNodeName").invoke(nodeName.getConstructor().newInstance()));
+        }
+    }
+
+    @Override
+    protected Class<?> findClass(String name) throws ClassNotFoundException {
+        try {
+            byte[] bytes = jar.getInputStream(jar.getEntry(name.replace('.', '/') + ".class")).readAllBytes();
+            return defineClass(name, bytes, 0, bytes.length);
+        } catch (IOException | NullPointerException e) {
+            throw new ClassNotFoundException(name, e);
+        }
+    }
+}
