@@ -1,20 +1,18 @@
 // Each of these must end in a report of a sanitizer. They run one at a time, in a process of their own, in
 // the sanitized build only.
-#include "support/bridgeTest.h"
+#include <gmock/gmock.h>
+
+#include "support/jvm.h"
 
 namespace {
 
-class PlantedMemoryFault : public BridgeTest {
-  protected:
-    void run(const char* name) {
-        plantedNatives();  // loads the library
-        jclass javaClass = env->FindClass("com/kvo/talvern/testing/MemoryFaults");
-        env->CallVoidMethod(env->AllocObject(javaClass), env->GetMethodID(javaClass, name, "()V"));
-    }
-};
+void run(const char* fault) {
+    jclass faults = javaEnv()->FindClass("com/kvo/talvern/testing/MemoryFaults");
+    javaEnv()->CallStaticVoidMethod(faults, javaEnv()->GetStaticMethodID(faults, fault, "()V"));
+}
 
-TEST_F(PlantedMemoryFault, DISABLED_Leak) { run("_losesMemory"); }
-TEST_F(PlantedMemoryFault, DISABLED_Overrun) { run("_writesBeyond"); }
-TEST_F(PlantedMemoryFault, DISABLED_Overflow) { run("_overflows"); }
+TEST(PlantedMemoryFault, DISABLED_Leak) { run("losesMemory"); }
+TEST(PlantedMemoryFault, DISABLED_Overrun) { run("writesBeyond"); }
+TEST(PlantedMemoryFault, DISABLED_Overflow) { run("overflows"); }
 
 }  // namespace

@@ -2,7 +2,6 @@
 #include <dlfcn.h>
 
 #include "bridge/handleException.h"
-#include "mocks/log.h"
 #include "support/bridgeTest.h"
 
 using talvern::config::messaging::ConfigChangeException;
@@ -31,8 +30,8 @@ class HandleExceptionTest : public BridgeTest {
 
 TEST_F(HandleExceptionTest, TracesAndThrowsTheTwoGeneralKinds) {
     const InSequence inOrder;
-    EXPECT_CALL(mock<LogMock>(), line(3, "Unknown exception caught in libtalvern JNI"));
-    EXPECT_CALL(mock<LogMock>(), line(3, "Exception caught in libtalvern JNI: 100%s of %n"));
+    EXPECT_CALL(mockOfTrace(), Call(3, "Unknown exception caught in libtalvern JNI"));
+    EXPECT_CALL(mockOfTrace(), Call(3, "Exception caught in libtalvern JNI: 100%s of %n"));
 
     EXPECT_TRUE(handle(ofUnknown));
     EXPECT_EQ(takeException(env), "com.kvo.talvern.TalvernException: Unknown native exception");
@@ -44,22 +43,22 @@ TEST_F(HandleExceptionTest, HasATextForAnExceptionWithout) {
     struct Wordless : std::exception {
         [[nodiscard]] const char* what() const noexcept override { return nullptr; }
     };
-    EXPECT_CALL(mock<LogMock>(), line(3, "Exception caught in libtalvern JNI: Unknown native exception"));
+    EXPECT_CALL(mockOfTrace(), Call(3, "Exception caught in libtalvern JNI: Unknown native exception"));
     EXPECT_TRUE(handle<std::exception>(ofStandard, Wordless{}));
     EXPECT_EQ(takeException(env), "com.kvo.talvern.TalvernException: Unknown native exception");
 }
 
 TEST_F(HandleExceptionTest, GivesAValidationExceptionBothTextsAndTwoTraceLines) {
     const InSequence inOrder;
-    EXPECT_CALL(mock<LogMock>(), line(3, "ValidationException caught in libtalvern JNI: validation failed"));
-    EXPECT_CALL(mock<LogMock>(), line(3, "Throwing Java ValidationException in libtalvern JNI\n"));
+    EXPECT_CALL(mockOfTrace(), Call(3, "ValidationException caught in libtalvern JNI: validation failed"));
+    EXPECT_CALL(mockOfTrace(), Call(3, "Throwing Java ValidationException in libtalvern JNI\n"));
 
     EXPECT_TRUE(handle(ofValidation, ValidationException{"mtu", "too large"}));
     EXPECT_EQ(takeException(env), "com.kvo.talvern.config.ValidationException: mtu: too large");
 }
 
 TEST_F(HandleExceptionTest, GivesAConfigChangeExceptionItsListInOrder) {
-    EXPECT_CALL(mock<LogMock>(), line(3, "ConfigChangeException caught in libtalvern JNI: change failed"))
+    EXPECT_CALL(mockOfTrace(), Call(3, "ConfigChangeException caught in libtalvern JNI: change failed"))
         .Times(2);
 
     for (const Texts& texts : {Texts{}, Texts{"a", "", "b"}}) {

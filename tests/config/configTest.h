@@ -1,12 +1,14 @@
 #pragma once
 
-#include "mocks/config.h"
+#include "platform/configService.h"
 #include "support/bridgeTest.h"
+
+using namespace talvern;
 
 /// A test of the configuration service's native methods, which are called on one ServiceUtils object.
 class ConfigTest : public BridgeTest {
   protected:
-    using Service = talvern::config::Service;
+    using Service = config::Service;
     using Code = Service::ReturnCode;
 
     /// Calls a native method of ServiceUtils on the receiver.
@@ -48,5 +50,4 @@ class ConfigTest : public BridgeTest {
     }
 
     jobject receiver = newObject("com/kvo/talvern/config/ServiceUtils");
-    ConfigServiceMock& service = mock<ConfigServiceMock>();
 };

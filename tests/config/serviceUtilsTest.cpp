@@ -16,26 +16,30 @@ class ServiceUtilsTest : public ConfigTest {};
 
 TEST_F(ServiceUtilsTest, PassesArgumentsOnAndReportsTheCode) {
     const auto state = Service::AdminState{2};
-    EXPECT_CALL(service, createObject("type", "parent", "name", NotNull(), state, true))
+    EXPECT_CALL(mockOf<&config::Service::createObject>(),
+                Call("type", "parent", "name", NotNull(), state, true))
         .WillOnce(Return(Code::BUSY));
     EXPECT_EQ(askFor("_createObject", nested(1), 2, true), "BUSY");
     EXPECT_EQ(code(), "BUSY");
-    EXPECT_CALL(service, updateObject("type", "parent", "name", NotNull(), false))
+    EXPECT_CALL(mockOf<&config::Service::updateObject>(), Call("type", "parent", "name", NotNull(), false))
         .WillOnce(Return(Code::FAILED));
     EXPECT_EQ(askFor("_updateObject", nested(1), false), "FAILED");
-    EXPECT_CALL(service, validateObject("type", NotNull())).WillOnce(Return(Code::INVALID_TYPE));
+    EXPECT_CALL(mockOf<&config::Service::validateObject>(), Call("type", NotNull()))
+        .WillOnce(Return(Code::INVALID_TYPE));
     EXPECT_EQ(request("_validateObject", "type", nested(1)).resultText, "INVALID_TYPE");
-    EXPECT_CALL(service, deleteObject("type", "parent", "name")).WillOnce(Return(Code::IN_USE));
+    EXPECT_CALL(mockOf<&config::Service::deleteObject>(), Call("type", "parent", "name"))
+        .WillOnce(Return(Code::IN_USE));
     EXPECT_EQ(askFor("_deleteObject"), "IN_USE");
-    EXPECT_CALL(service, resetObject("type", "parent", "name")).WillOnce(Return(Code::NOT_FOUND));
+    EXPECT_CALL(mockOf<&config::Service::resetObject>(), Call("type", "parent", "name"))
+        .WillOnce(Return(Code::NOT_FOUND));
     EXPECT_EQ(askFor("_resetObject"), "NOT_FOUND");
     EXPECT_EQ(code(), "NOT_FOUND");
 }
 
 TEST_F(ServiceUtilsTest, TakesANullStringForAnEmptyOne) {
-    EXPECT_CALL(service, deleteObject("type", "", "name"));
+    EXPECT_CALL(mockOf<&config::Service::deleteObject>(), Call("type", "", "name"));
     request("_deleteObject", "type", jstring{}, "name");
-    EXPECT_CALL(service, getAdminState("", "parent", "name", _));
+    EXPECT_CALL(mockOf<&config::Service::getAdminState>(), Call("", "parent", "name", _));
     request("_getAdminState", jstring{}, "parent", "name");
 }
 
@@ -44,8 +48,9 @@ TEST_F(ServiceUtilsTest, AnswersANullValueItselfAndPassesNullForAValueOfUnknownK
     EXPECT_EQ(askFor("_updateObject", jobject{}, true), "NULL_VALUE");
     EXPECT_EQ(request("_validateObject", "type", jobject{}).resultText, "NULL_VALUE");
     EXPECT_EQ(code(), "NULL_VALUE");
-    EXPECT_EQ(platform::mocks().operationCount(), 0U);
-    EXPECT_CALL(service, validateObject("type", IsNull())).WillOnce(Return(Code::IN_USE));
+    EXPECT_EQ(platform::operationCount(), 0U);
+    EXPECT_CALL(mockOf<&config::Service::validateObject>(), Call("type", IsNull()))
+        .WillOnce(Return(Code::IN_USE));
     EXPECT_EQ(request("_validateObject", "type", unknown()).resultText, "IN_USE");
 }
 
@@ -71,8 +76,8 @@ TEST_F(ServiceUtilsTest, StoresTheCodeThenReleasesThenConvertsTheCode) {
 }
 
 TEST_F(ServiceUtilsTest, GivesTheQueriedTreeWhateverTheCode) {
-    EXPECT_CALL(service, queryObject("type", "parent", "name", _))
-        .WillOnce(DoAll([&](auto&, auto&, auto&, auto** tree) { *tree = service.tree.get(); },
+    EXPECT_CALL(mockOf<&config::Service::queryObject>(), Call("type", "parent", "name", _))
+        .WillOnce(DoAll([&](auto&, auto&, auto&, auto** tree) { *tree = platform::sampleTree(); },
                         Return(Code::FAILED)))
         .WillOnce(Return(Code::OK));
     EXPECT_EQ(askFor("_queryObject"), "{list=[one, null, {}], text=two}");
@@ -82,7 +87,7 @@ TEST_F(ServiceUtilsTest, GivesTheQueriedTreeWhateverTheCode) {
 }
 
 TEST_F(ServiceUtilsTest, ListsNamesAndTypesInOrder) {
-    EXPECT_CALL(service, getNamesofObject("type", "parent", IsEmpty()))
+    EXPECT_CALL(mockOf<&config::Service::getNamesofObject>(), Call("type", "parent", IsEmpty()))
         .WillOnce(deliver<2>(Texts{"b", "", "a"}, Code::OK))
         .WillOnce(Return(Code::OK))
         .WillOnce(deliver<2>(Texts{"b"}, Code::NOT_PERMITTED));
@@ -90,16 +95,16 @@ TEST_F(ServiceUtilsTest, ListsNamesAndTypesInOrder) {
         EXPECT_EQ(request("_getNamesofObject", "type", "parent").resultText, names);
     }
     EXPECT_EQ(code(), "NOT_PERMITTED");
-    EXPECT_CALL(service, getObjectTypes).WillOnce(Return(Texts{"y", "x"}));
+    EXPECT_CALL(mockOf<&config::Service::getObjectTypes>(), Call).WillOnce(Return(Texts{"y", "x"}));
     EXPECT_EQ(request("_getObjectTypes").resultText, "[y, x]");
     EXPECT_EQ(code(), "OK");
 }
 
 TEST_F(ServiceUtilsTest, ReadsAStateOnlyIfThereIsOne) {
-    EXPECT_CALL(service, getOpState("type", "parent", "name", _))
+    EXPECT_CALL(mockOf<&config::Service::getOpState>(), Call("type", "parent", "name", _))
         .WillOnce(deliver<3>(Service::OpState::UP, Code::OK))
         .WillOnce(deliver<3>(Service::OpState::UP, Code::IN_USE));
-    EXPECT_CALL(service, getAdminState("type", "parent", "name", _))
+    EXPECT_CALL(mockOf<&config::Service::getAdminState>(), Call("type", "parent", "name", _))
         .WillOnce(deliver<3>(Service::AdminState::DISABLED, Code::OK))
         .WillOnce(deliver<3>(Service::AdminState::DISABLED, Code::BUSY));
     EXPECT_EQ(askFor("_getOpState"), "UP");
@@ -113,19 +118,20 @@ TEST_F(ServiceUtilsTest, ReadsAStateOnlyIfThereIsOne) {
 
 TEST_F(ServiceUtilsTest, TakesAStateByItsNumberAfterTheStrings) {
     jobject state = newObject("com/kvo/talvern/testing/Numbered");
-    EXPECT_CALL(service, setOpState("type", "parent", "name", Service::OpState{4}))
+    EXPECT_CALL(mockOf<&config::Service::setOpState>(), Call("type", "parent", "name", Service::OpState{4}))
         .WillOnce(Return(Code::FAILED));
     EXPECT_EQ(askFor("_setOpState", state), "FAILED");
     const auto get = "GetStringUTFChars", number = "CallIntMethodA";
     EXPECT_THAT(callsOf({get, number}), ElementsAre(get, get, get, number));
-    EXPECT_CALL(service, setAdminState("type", "parent", "name", Service::AdminState{4}))
+    EXPECT_CALL(mockOf<&config::Service::setAdminState>(),
+                Call("type", "parent", "name", Service::AdminState{4}))
         .WillOnce(Return(Code::OK));
     EXPECT_EQ(askFor("_setAdminState", state), "OK");
     EXPECT_EQ(code(), "OK");
 }
 
 TEST_F(ServiceUtilsTest, LetsJavaReportANameThatItLacks) {
-    EXPECT_CALL(service, resetObject).WillOnce(Return(Code{10}));
+    EXPECT_CALL(mockOf<&config::Service::resetObject>(), Call).WillOnce(Return(Code{10}));
     EXPECT_EQ(askFor("_resetObject"), "null");
     EXPECT_THAT(takeThrown(), testing::StartsWith("java.lang.IllegalArgumentException: No enum constant"));
 }

@@ -6,16 +6,17 @@
 #include <iostream>
 
 #include "bridge/signature.h"
-#include "mocks/config.h"
-#include "mocks/network.h"
-#include "platform/value.h"
+#include "platform/configService.h"
+#include "platform/ethernetInterfaces.h"
+#include "platform/nodeName.h"
 #include "support/jvm.h"
 #include "support/natives.h"
+#include "support/platform.h"
 
+using namespace talvern;
 using namespace talvern::bridge;
-
-using talvern::config::Service;
-using talvern::config::Value;
+using config::Service;
+using config::Value;
 using testing::_;
 
 namespace {
@@ -68,9 +69,9 @@ jobject anyTree(FuzzedDataProvider& data, int levels) {
 
 void text(FuzzedDataProvider& data) {
     std::string name;
-    ON_CALL(mock<NodeNameMock>(), set)
+    ON_CALL(mockOf<&nodeName::set>(), Call)
         .WillByDefault(testing::DoAll(testing::SaveArg<0>(&name), testing::Return(0)));
-    ON_CALL(mock<NodeNameMock>(), get).WillByDefault([&] { return name; });
+    ON_CALL(mockOf<&nodeName::get>(), Call).WillByDefault([&] { return name; });
     jstring in = anyText(data);
     require(invoke(bridgeNative("_setNodeName"), {toJvalue(in)}).exception.empty(), "refused");
     require(areEqual(in, invoke(bridgeNative("_getNodeName"), {}).result.l), "another text");
@@ -78,22 +79,22 @@ void text(FuzzedDataProvider& data) {
 
 void bytesOfThePlatform(FuzzedDataProvider& data) {
     const std::string bytes = data.ConsumeRandomLengthString();
-    ON_CALL(mock<NodeNameMock>(), get).WillByDefault(testing::Return(bytes));
+    ON_CALL(mockOf<&nodeName::get>(), Call).WillByDefault(testing::Return(bytes));
     invoke(bridgeNative("_getNodeName"), {});
 }
 
 void tree(FuzzedDataProvider& data) {
     std::unique_ptr<Value> kept;
-    auto& service = mock<ConfigServiceMock>();
-    ON_CALL(service, updateObject)
+    ON_CALL(mockOf<&config::Service::updateObject>(), Call)
         .WillByDefault([&](const auto&, const auto&, const auto&, const Value* value, bool) {
             kept.reset(value == nullptr ? nullptr : value->clone());
             return Service::ReturnCode{};
         });
-    ON_CALL(service, queryObject).WillByDefault([&](const auto&, const auto&, const auto&, Value** value) {
-        *value = kept.get();
-        return Service::ReturnCode{};
-    });
+    ON_CALL(mockOf<&config::Service::queryObject>(), Call)
+        .WillByDefault([&](const auto&, const auto&, const auto&, Value** value) {
+            *value = kept.get();
+            return Service::ReturnCode{};
+        });
     jobject in = anyTree(data, 6);
     if (in == nullptr) return;
     const std::vector<jvalue> id{toJvalue(javaString("t")), toJvalue(javaString("p")),
@@ -105,13 +106,14 @@ void tree(FuzzedDataProvider& data) {
 }
 
 void attributes(FuzzedDataProvider& data) {
-    talvern::types::KeyValPair kept;
-    auto& interfaces = mock<EthernetInterfacesMock>();
-    ON_CALL(interfaces, setInterface).WillByDefault([&](auto& attributes) {
+    types::KeyValPair kept;
+    ON_CALL(mockOf<&ethernetInterfaces::setInterface>(), Call).WillByDefault([&](auto& attributes) {
         kept = attributes;
         return 0;
     });
-    ON_CALL(interfaces, getInterface).WillByDefault([&](const auto&) { return &kept; });
+    ON_CALL(mockOf<&ethernetInterfaces::getInterface>(), Call).WillByDefault([&](const auto&) {
+        return &kept;
+    });
     const jsize size = data.ConsumeIntegralInRange(0, 20);
     jclass strings = env->FindClass("java/lang/String");
     jobjectArray keys = env->NewObjectArray(size, strings, nullptr);
@@ -151,6 +153,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     const LocalFrame frame;
     FuzzedDataProvider data{bytes, size};
     data.PickValueInArray({&text, &bytesOfThePlatform, &tree, &attributes})(data);
-    platform::mocks().clear();
+    platform::forgetMocks();
     return 0;
 }

@@ -6,10 +6,11 @@
 #include <thread>
 #include <unistd.h>
 
-#include "mocks/lifecycle.h"
+#include "platform/firmwareManagerUtils.h"
 #include "support/bridgeTest.h"
 
-using talvern::firmwareManagerUtils::UpgradeCallback;
+using namespace talvern;
+using firmwareManagerUtils::UpgradeCallback;
 using testing::DoAll;
 using testing::ElementsAre;
 using testing::ExitedWithCode;
@@ -46,7 +47,8 @@ class FirmwareTest : public BridgeTest {
     FirmwareTest() {
         forget();
         onSleep = nullptr;
-        ON_CALL(firmware, upgrade).WillByDefault(DoAll(SaveArg<3>(&received), Return(0)));
+        ON_CALL(mockOf<&firmwareManagerUtils::upgrade>(), Call)
+            .WillByDefault(DoAll(SaveArg<3>(&received), Return(0)));
     }
 
     /// Brings the bridge back to what it was when it was loaded.
@@ -79,29 +81,16 @@ class FirmwareTest : public BridgeTest {
 
     bool isRegistered(jobject callback) { return env->IsSameObject(registered, callback) == JNI_TRUE; }
 
-    FirmwareManagerMock& firmware = mock<FirmwareManagerMock>();
     JavaVM*& vm = bridgeVariable<JavaVM*>("g_vm");
     jobject& registered = bridgeVariable<jobject>("sJCallback");
     UpgradeCallback*& native = bridgeVariable<UpgradeCallback*>("sFwCallback");
     UpgradeCallback* received = nullptr;  ///< by the platform's latest upgrade
 };
 
-TEST_F(FirmwareTest, PassesTheAnswersOfTheSimpleOperationsOn) {
-    for (const int answer : {0, 1, 5, -1}) {
-        EXPECT_CALL(firmware, rollback).WillOnce(Return(answer));
-        EXPECT_CALL(firmware, deletePrevious).WillOnce(Return(answer));
-        EXPECT_CALL(firmware, reflash("image")).WillOnce(Return(answer));
-        EXPECT_CALL(firmware, isReleaseKeyed).WillOnce(Return(answer == 0));
-        EXPECT_EQ(call("_rollbackFirmware").result.i, answer == 0 ? 0 : 1);
-        EXPECT_EQ(call("_deletePreviousFirmware").result.i, answer);
-        EXPECT_EQ(call("_reflashFirmware", "image").result.i, answer);
-        EXPECT_EQ(call("_isReleaseKeyed").result.z, answer == 0);
-    }
-}
-
 TEST_F(FirmwareTest, TakesAnyByteButZeroForATrueFlag) {
     for (const auto& [first, second] : {std::pair<jboolean, jboolean>{0, 1}, {2, 0}, {0, 128}}) {
-        EXPECT_CALL(firmware, upgrade("image", first != 0, second != 0, nullptr));
+        EXPECT_CALL(mockOf<&firmwareManagerUtils::upgrade>(),
+                    Call("image", first != 0, second != 0, nullptr));
         call("_upgradeFirmware", "image", first, second, jobject{});
     }
 }
@@ -113,7 +102,7 @@ TEST_F(FirmwareTest, WaitsThreeSecondsAfterEveryAnswerButNotAfterAnException) {
         slept.push_back(seconds);
         return slept.size() == 1 ? 2U : 0U;  // the first time, a signal wakes the thread
     };
-    EXPECT_CALL(firmware, upgrade)
+    EXPECT_CALL(mockOf<&firmwareManagerUtils::upgrade>(), Call)
         .WillOnce(Return(0))
         .WillOnce(Return(7))
         .WillOnce(Throw(std::runtime_error{"planted"}));
@@ -253,32 +242,6 @@ TEST_F(FirmwareTest, DropsAReportWhenAnyCallFails) {
     }
 }
 
-TEST_F(FirmwareTest, RunsTwoUpgradesAtOnce) {
-    constexpr int upgrades = 300;
-    ON_CALL(firmware, upgrade).WillByDefault([](const std::string&, bool, bool, UpgradeCallback* target) {
-        const auto progress = [&] { target->progress(1, 2, FwUpgradeCode::verifying); };
-        progress();
-        onPlatformThread(progress);
-        return 0;
-    });
-    const std::vector<jobject> callbacks{env->NewGlobalRef(newCallback()), env->NewGlobalRef(newCallback())};
-    const auto run = [&method = bridgeNative("_upgradeFirmware")](jobject callback) {
-        const LocalFrame frame;
-        const std::vector<jvalue> arguments{
-            talvern::bridge::toJvalue(javaString("image")), {}, {}, talvern::bridge::toJvalue(callback)};
-        for (int i = 0; i < upgrades; ++i) EXPECT_EQ(invoke(method, arguments).exception, "");
-    };
-    std::thread other{[&] {
-        run(callbacks[1]);
-        vm->DetachCurrentThread();
-    }};
-    run(callbacks[0]);
-    other.join();
-    const std::string reports = describe(callbacks[0]) + describe(callbacks[1]);
-    EXPECT_EQ(std::ranges::count(reports, '/'), 2 * 2 * upgrades);
-    for (jobject callback : callbacks) env->DeleteGlobalRef(callback);
-}
-
 /// A platform that waits for its thread when it is destroyed. The thread reports once before and once after
 /// what happens in between.
 class WaitingPlatform {
@@ -375,7 +338,7 @@ TEST_F(FirmwareDeathTest, LetsThreadsEndAfterTheJvm) {
         upgrade(newCallback());
         static WaitingPlatform platform;
         platform.reportTo(received);
-        platform::mocks().clear();
+        platform::forgetMocks();
         jclass systemClass = env->FindClass("java/lang/System");
         env->CallStaticVoidMethod(systemClass, env->GetStaticMethodID(systemClass, "exit", "(I)V"), 0);
     };

@@ -1,12 +1,13 @@
 // Deep trees on small stacks, which end a JVM if native code recurses.
-#include "mocks/config.h"
+#include "platform/configService.h"
 #include "support/bridgeTest.h"
 
-using talvern::config::ArrayValue;
-using talvern::config::Service;
-using talvern::config::SimpleValue;
-using talvern::config::StructValue;
-using talvern::config::Value;
+using namespace talvern;
+using config::ArrayValue;
+using config::Service;
+using config::SimpleValue;
+using config::StructValue;
+using config::Value;
 
 namespace {
 
@@ -30,7 +31,7 @@ class LargeDepthTest : public LargeTest {};
 
 TEST_F(LargeDepthTest, AnyDepthOnAnyStackGivesAResultOrAClearException) {
     std::unique_ptr<Value> handedOut;
-    ON_CALL(mock<ConfigServiceMock>(), queryObject)
+    ON_CALL(mockOf<&config::Service::queryObject>(), Call)
         .WillByDefault([&](const std::string& levels, const auto&, const auto&, Value** tree) {
             handedOut = deepTree(std::stoi(levels));
             *tree = handedOut.get();

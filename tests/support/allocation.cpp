@@ -10,6 +10,12 @@ constexpr auto never = static_cast<std::size_t>(-1);
 thread_local std::size_t allocationsToFailure = never;
 thread_local bool hasFailed = false;
 thread_local int uncounted = 1;
+thread_local std::ptrdiff_t alive = 0;
+
+/// Stands in front of each allocation.
+struct alignas(std::max_align_t) Header {
+    std::ptrdiff_t* countedIn;
+};
 
 }  // namespace
 
@@ -22,6 +28,8 @@ bool allocationHasFailed() {
     allocationsToFailure = never;
     return hasFailed;
 }
+
+std::ptrdiff_t aliveAllocations() { return alive; }
 
 CountedAllocations::CountedAllocations() { --uncounted; }
 CountedAllocations::~CountedAllocations() { ++uncounted; }
@@ -36,10 +44,17 @@ void* operator new(std::size_t size) {
         hasFailed = true;
         throw std::bad_alloc{};
     }
-    void* memory = std::malloc(size == 0 ? 1 : size);
-    if (memory == nullptr) throw std::bad_alloc{};
-    return memory;
+    auto* header = static_cast<Header*>(std::malloc(sizeof(Header) + size));
+    if (header == nullptr) throw std::bad_alloc{};
+    header->countedIn = uncounted == 0 ? &alive : nullptr;
+    if (uncounted == 0) ++alive;
+    return header + 1;
 }
 
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+void operator delete(void* memory) noexcept {
+    if (memory == nullptr) return;
+    Header* header = static_cast<Header*>(memory) - 1;
+    if (header->countedIn == &alive) --alive;
+    std::free(header);
+}
+void operator delete(void* memory, std::size_t) noexcept { operator delete(memory); }

@@ -22,7 +22,7 @@ bool isWatched(void* address) {
     dl_find_object caller{};
     if (current == nullptr || _dl_find_object(address, &caller) != 0) return false;
     const std::string_view file{caller.dlfo_link_map->l_name};
-    return file.ends_with("/libtalvernjni.so") || file.ends_with("/libplanted.so");
+    return file.ends_with("/libtalvernjni.so");
 }
 
 void raise(JNIEnv* env, const char* className, const char* message) {
@@ -193,6 +193,11 @@ const std::set<std::string>& recordedRequirements() { return requirements; }
 
 JniTable* currentJniTable() { return current; }
 
+bool JniTable::Call::isLookup() const {
+    const std::string_view name{function};
+    return name == "FindClass" || name == "GetMethodID" || name == "GetStaticMethodID";
+}
+
 JniTable::JniTable(JNIEnv* env) : env_{env} {
     if (original == nullptr) original = env->functions;
     env->functions = hookedTable();
@@ -242,6 +247,7 @@ jobject JniTable::takeAnswer(std::string_view function) {
 void JniTable::taken(const char* chars) {
     const UncountedAllocations uncounted;
     out_.push_back({chars, false});
+    calls_.back().detail = chars;
 }
 
 bool JniTable::given(const char* chars) {

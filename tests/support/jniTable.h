@@ -14,8 +14,11 @@ class JniTable {
   public:
     struct Call {
         const char* function;
-        std::string detail;  ///< what was looked up, as "class" or "class.member signature"
+        std::string
+            detail;  ///< what was looked up, as "class" or "class.member signature", or the text taken
         bool canFail;
+
+        [[nodiscard]] bool isLookup() const;
     };
 
     explicit JniTable(JNIEnv* env);

@@ -112,22 +112,6 @@ const std::vector<NativeMethod>& bridgeNatives() {
     return natives;
 }
 
-const std::vector<NativeMethod>& plantedNatives() {
-    static const std::vector<NativeMethod> natives = [] {
-        JNIEnv* env = javaEnv();
-        jclass planted = env->FindClass("com/kvo/talvern/testing/Planted");
-        env->CallStaticVoidMethod(planted, env->GetStaticMethodID(planted, "load", "()V"));
-        return list(TALVERN_TESTS_JAR, "com/kvo/talvern/testing/Planted", TALVERN_PLANTED_LIBRARY);
-    }();
-    return natives;
-}
-
-const std::vector<NativeMethod>& unboundNatives() {
-    static const std::vector<NativeMethod> natives =
-        list(TALVERN_TESTS_JAR, "com/kvo/talvern/testing/Unbound", bridgeLibrary());
-    return natives;
-}
-
 const NativeMethod& bridgeNative(const std::string& name) {
     for (const NativeMethod& native : bridgeNatives()) {
         if (native.name == name) return native;
@@ -153,7 +137,9 @@ Outcome invoke(const NativeMethod& native, const std::vector<jvalue>& arguments)
 
 Outcome invoke(const NativeMethod& native, jobject receiver, const std::vector<jvalue>& arguments) {
     Outcome outcome{};
+    const std::ptrdiff_t before = aliveAllocations();
     outcome.result = callFunction(native, receiver, arguments);
+    outcome.kept = aliveAllocations() - before;
     outcome.exception = takeException(javaEnv());
     outcome.resultText = toText(outcome.result, resultType(native.signature));
     return outcome;

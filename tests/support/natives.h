@@ -19,12 +19,6 @@ struct NativeMethod {
 /// The native methods of the Java side, all of them.
 const std::vector<NativeMethod>& bridgeNatives();
 
-/// The faulty native methods of the tests, for which the checks must have a complaint.
-const std::vector<NativeMethod>& plantedNatives();
-
-/// A native method that no library implements.
-const std::vector<NativeMethod>& unboundNatives();
-
 /// The native method of this name, which no two classes share.
 const NativeMethod& bridgeNative(const std::string& name);
 
@@ -35,6 +29,7 @@ std::vector<jvalue> plausibleArguments(const NativeMethod& native);
 struct Outcome {
     jvalue result;
     std::string resultText;  ///< the result as text; empty for void
+    std::ptrdiff_t kept;     ///< how many pieces of memory it has not given back
     std::string exception;   ///< "class: message" of the Java exception, which was cleared; empty if none
 };
 

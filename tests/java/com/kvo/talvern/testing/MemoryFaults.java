@@ -1,22 +1,26 @@
 package com.kvo.talvern.testing;
 
 /** Native methods whose faults only a sanitizer sees. */
-public class MemoryFaults {
-    native void _losesMemory();
+public final class MemoryFaults {
+    static {
+        System.load(System.getProperty("talvern.planted.library"));
+    }
 
-    native void _writesBeyond();
+    private MemoryFaults() {}
 
-    native void _overflows();
+    static native void losesMemory();
 
-    native void _countsUnguarded();
+    static native void writesBeyond();
+
+    static native void overflows();
+
+    static native void countsUnguarded();
 
     /** Lets two threads count at once. */
     public static String race() throws InterruptedException {
-        Planted.load();
-        MemoryFaults faults = new MemoryFaults();
         Runnable count = () -> {
             for (int i = 0; i < 100_000; i++) {
-                faults._countsUnguarded();
+                countsUnguarded();
             }
         };
         Thread other = new Thread(count);
