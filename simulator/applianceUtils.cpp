@@ -1,28 +1,100 @@
-#include "platform/applianceUtils.h"
-
 #include <algorithm>
 #include <cerrno>
 #include <ctime>
 #include <stdexcept>
 #include <string_view>
 
+#include "firmware.h"
 #include "memory.h"
 #include "platform/messaging.h"
+#include "simulated.h"
+
+namespace talvern::applianceUtils {
+
+template <typename Members>
+void describe(Members& members, ComponentFirmware& component) {
+    members("component", component.component);
+    members("firmware", component.firmware);
+}
+
+template <typename Members>
+void describe(Members& members, resetFileError& error) {
+    members("file", error.file);
+    members("error", error.error);
+}
+
+}  // namespace talvern::applianceUtils
 
 namespace {
 
-constexpr auto serialNumber = "TV0042";
-constexpr auto machineType = "7199";
+using namespace talvern::applianceUtils;
+
 constexpr std::int64_t endOfYear9999 = 253402300799;
 
-struct State {
+struct Settings {
     std::string locale;
     std::string defaultLocale = "en_US";
-    std::string timezone = "UTC";
+    std::string timeZone = "UTC";
     std::int64_t clockOffset = 0;  ///< in seconds, against the host's clock
-    bool areKeysStrong = false;
+    bool areHostKeysStrong = false;
 };
-Memory<State> memory;
+
+template <typename Members>
+void describe(Members& members, Settings& settings) {
+    members("locale", settings.locale);
+    members("defaultLocale", settings.defaultLocale);
+    members("timeZone", settings.timeZone);
+    members("clockOffset", settings.clockOffset);
+    members("areHostKeysStrong", settings.areHostKeysStrong);
+    if constexpr (Members::isReading) {
+        members.require(settings.clockOffset >= -endOfYear9999 && settings.clockOffset <= endOfYear9999,
+                        "clockOffset: is out of range");
+    }
+}
+
+auto& settings = Memory<Settings>::make("settings");
+
+/// What the appliance is, and what a device reset can't do with it.
+struct Inventory {
+    std::string manufacturer = "Talvern";
+    std::string productName = "Management Appliance 42";
+    std::string machineType = "7199";
+    std::string model = "42X";
+    std::string serialNumber = "TV0042";
+    std::string biosVersion = "1.07";
+    std::string biosDate = "2024-03-18";
+    bool isVirtual = false;
+    bool isAppliance = true;
+    std::int32_t processors = 4;
+    std::vector<ComponentFirmware> components{
+        {1, "BIOS 1.07"}, {2, "BMC 4.20"}, {3, "RAID controller 23.34.0"}, {4, "disk SN05"}};
+    std::vector<resetFileError> resetErrors{{"/var/log/audit.log", EBUSY},
+                                            {"/etc/ssh/ssh_host_rsa_key", EACCES}};
+};
+
+template <typename Members>
+void describe(Members& members, Inventory& inventory) {
+    members("manufacturer", inventory.manufacturer);
+    members("productName", inventory.productName);
+    members("machineType", inventory.machineType);
+    members("model", inventory.model);
+    members("serialNumber", inventory.serialNumber);
+    members("biosVersion", inventory.biosVersion);
+    members("biosDate", inventory.biosDate);
+    members("isVirtual", inventory.isVirtual);
+    members("isAppliance", inventory.isAppliance);
+    members("processors", inventory.processors);
+    members("components", inventory.components);
+    members("resetErrors", inventory.resetErrors);
+}
+
+auto& inventory = Memory<Inventory>::make("inventory", OnReset::stays);
+
+/// A copy of one thing in the inventory.
+template <typename Part>
+Part partOf(Part Inventory::*part) {
+    return inventory.read([=](const Inventory& all) { return all.*part; });
+}
 
 bool isLocale(std::string_view locale) {
     return locale == "de_DE" || locale == "en_US" || locale == "fr_FR" || locale == "ja_JP";
@@ -30,35 +102,37 @@ bool isLocale(std::string_view locale) {
 
 }  // namespace
 
-namespace talvern::applianceUtils {
+namespace talvern::applianceUtils::simulated {
 
-std::string getSerialNumber() { return serialNumber; }
-std::string getMachineType() { return machineType; }
-std::string getMTM() { return std::string{machineType} + "-42X"; }
-bool isAppliance() { return true; }
-std::int32_t getCPUCount() { return 4; }
+std::string getSerialNumber() { return partOf(&Inventory::serialNumber); }
+std::string getMachineType() { return partOf(&Inventory::machineType); }
+std::string getMTM() { return partOf(&Inventory::machineType) + '-' + partOf(&Inventory::model); }
+bool isAppliance() { return partOf(&Inventory::isAppliance); }
+std::int32_t getCPUCount() { return partOf(&Inventory::processors); }
 
 std::string getLocale() {
-    return memory.use([](State& state) { return state.locale.empty() ? state.defaultLocale : state.locale; });
+    return settings.read(
+        [](const Settings& state) { return state.locale.empty() ? state.defaultLocale : state.locale; });
 }
 
 bool setLocale(const char* locale, const char* modifier) {
     if (!isLocale(locale)) return false;
     // As in the names of the system's locales, such as de_DE@euro.
     const std::string name = modifier == nullptr ? locale : std::string{locale} + '@' + modifier;
-    memory.use([&](State& state) { state.locale = name; });
+    settings.change([&](Settings& state) { state.locale = name; });
     return true;
 }
 
 bool setDefaultLocale(const char* locale) {
     if (!isLocale(locale)) return false;
-    memory.use([&](State& state) { state.defaultLocale = locale; });
+    settings.change([&](Settings& state) { state.defaultLocale = locale; });
     return true;
 }
 
 /// Date, time of day and time zone; always in UTC.
 std::vector<std::string> getDateTime() {
-    const std::time_t now = std::time(nullptr) + memory.use([](State& state) { return state.clockOffset; });
+    const std::time_t now =
+        std::time(nullptr) + settings.read([](const Settings& state) { return state.clockOffset; });
     std::tm utc{};
     gmtime_r(&now, &utc);
     char date[32];
@@ -74,50 +148,55 @@ bool setDateTime(std::int64_t time, std::int32_t& errorNumber) {
         errorNumber = EINVAL;
         return false;
     }
-    memory.use([&](State& state) { state.clockOffset = time - std::time(nullptr); });
+    settings.change([&](Settings& state) { state.clockOffset = time - std::time(nullptr); });
     return true;
 }
 
 std::string getTimezone() {
-    return memory.use([](State& state) { return state.timezone; });
+    return settings.read([](const Settings& state) { return state.timeZone; });
 }
 
 bool setTimezone(const char* name) {
     const std::vector<std::string> known = getTimezones();
     if (std::find(known.begin(), known.end(), name) == known.end()) return false;
-    memory.use([&](State& state) { state.timezone = name; });
+    settings.change([&](Settings& state) { state.timeZone = name; });
     return true;
 }
 
 std::vector<std::string> getTimezones() { return {"America/New_York", "Asia/Tokyo", "Europe/Berlin", "UTC"}; }
 
 void getHardwareInfo(HWInfo& info) {
-    info = {"Talvern", "Management Appliance 42", machineType, serialNumber, "1.07", "2024-03-18", false};
+    info = inventory.read([](const Inventory& all) {
+        return HWInfo{all.manufacturer, all.productName, all.machineType, all.serialNumber,
+                      all.biosVersion,  all.biosDate,    all.isVirtual};
+    });
 }
 
 bool getComponentInfo(std::vector<ComponentFirmware>& components) {
-    components = {{1, "BIOS 1.07"}, {2, "BMC 4.20"}, {3, "RAID controller 23.34.0"}, {4, "disk SN05"}};
+    components = partOf(&Inventory::components);
+    std::int32_t number = components.empty() ? 0 : components.back().component;
+    for (const std::string& firmware : installedFirmware()) components.push_back({++number, firmware});
     return true;
 }
 
 bool syncNTPServer(const char* server) {
     if (*server == '\0') return false;
-    memory.use([](State& state) { state.clockOffset = 0; });  // each server has the host's time
+    settings.change([](Settings& state) { state.clockOffset = 0; });  // each server has the host's time
     return true;
 }
 
 std::int32_t deviceRESET(std::vector<resetFileError>& errors) {
-    for (const auto& restore : restorers()) restore();
-    errors = {{"/var/log/audit.log", EBUSY}, {"/etc/ssh/ssh_host_rsa_key", EACCES}};
-    return 1;
+    resetMemory();
+    errors = partOf(&Inventory::resetErrors);
+    return errors.empty() ? 0 : 1;
 }
 
 bool areHostSSHKeysStrong() {
-    return memory.use([](State& state) { return state.areKeysStrong; });
+    return settings.read([](const Settings& state) { return state.areHostKeysStrong; });
 }
 
 std::int32_t resetHostSSHKeys() {
-    memory.use([](State& state) { state.areKeysStrong = true; });
+    settings.change([](Settings& state) { state.areHostKeysStrong = true; });
     return 0;
 }
 
@@ -132,4 +211,4 @@ void triggerException(const char* text) {
     throw std::runtime_error{text};
 }
 
-}  // namespace talvern::applianceUtils
+}  // namespace talvern::applianceUtils::simulated

@@ -1,12 +1,26 @@
-#include "platform/configService.h"
-
 #include <algorithm>
 #include <map>
 #include <memory>
+#include <span>
 #include <tuple>
 
 #include "configTypes.h"
 #include "memory.h"
+#include "simulated.h"
+#include "valueJson.h"
+
+namespace talvern::config {
+
+const char* const OPSTATE_STR[] = {"UNKNOWN", "UP", "DOWN", "PENDING", "FAILED"};
+const char* const ADMINSTATE_STR[] = {"UNKNOWN", "ENABLED", "DISABLED"};
+const char* const RETURNCODE_STR[] = {
+    "OK",   "FAILED",       "NOT_FOUND",    "ALREADY_EXISTS", "NOT_PERMITTED",
+    "BUSY", "INVALID_NAME", "INVALID_TYPE", "IN_USE",         "NULL_VALUE"};
+
+static std::span<const char* const> namesOf(Service::AdminState) { return ADMINSTATE_STR; }
+static std::span<const char* const> namesOf(Service::OpState) { return OPSTATE_STR; }
+
+}  // namespace talvern::config
 
 using talvern::config::ArrayValue;
 using talvern::config::Service;
@@ -29,15 +43,18 @@ struct Key {
     }
 };
 
+OpState opStateIn(AdminState state) { return state == AdminState::ENABLED ? OpState::UP : OpState::DOWN; }
+
 struct Object {
-    std::unique_ptr<Value> value, initialValue;
-    AdminState adminState{}, initialState{};
-    OpState opState{};
+    std::unique_ptr<Value> value;
+    std::unique_ptr<Value> initialValue;  // null: the present one
+    AdminState adminState = AdminState::ENABLED, initialState = AdminState::ENABLED;
+    OpState opState = OpState::UP;
     bool isBuiltIn = false;
 
     void setAdminState(AdminState state) {
         adminState = state;
-        opState = state == AdminState::ENABLED ? OpState::UP : OpState::DOWN;
+        opState = opStateIn(state);
     }
 };
 
@@ -47,7 +64,6 @@ std::unique_ptr<Value> copyOf(const Value* value) { return std::unique_ptr<Value
 
 Object newObject(std::unique_ptr<Value> value, AdminState state) {
     Object object;
-    object.initialValue = copyOf(value.get());
     object.value = std::move(value);
     object.initialState = state;
     object.setAdminState(state);
@@ -70,8 +86,6 @@ struct State {
 
     Objects objects;
 };
-Memory<State> memory;
-
 void require(bool holds, const std::string& field, const std::string& reason) {
     if (!holds) throw ValidationException{field, reason};
 }
@@ -108,6 +122,10 @@ void checkValue(const Objects& objects, const ConfigType& type, const Value& val
             require(!field.isRequired, field.name, "is required");
         }
     }
+}
+
+bool hasParent(const Objects& objects, const ConfigType& type, const std::string& parent) {
+    return type.parentType.empty() ? parent.empty() : objects.contains({type.parentType, "", parent});
 }
 
 void checkState(AdminState state) {
@@ -155,37 +173,106 @@ std::unique_ptr<Value> merged(const Value& present, const Value& changes) {
     return result;
 }
 
-/// Runs `action` on an object and all others, alone; NOT_FOUND or INVALID_TYPE if there is no such object.
-template <typename Action>
-Code withObject(const Key& key, Action action) {
-    if (configType(key.type) == nullptr) return Code::INVALID_TYPE;
-    return memory.use([&](State& state) {
-        const auto found = state.objects.find(key);
-        return found == state.objects.end() ? Code::NOT_FOUND : action(found->second, state.objects);
+template <typename Members>
+void describe(Members& members, Key& key, Object& object) {
+    members("type", key.type);
+    if (Members::isReading || !key.parent.empty()) members("parent", key.parent);
+    members("name", key.name);
+    members("value", object.value);
+    if (Members::isReading || object.initialValue != nullptr) members("initialValue", object.initialValue);
+    if (Members::isReading || object.adminState != AdminState::ENABLED)
+        members("adminState", object.adminState);
+    const AdminState usualInitialState = object.adminState;
+    const OpState usualOpState = opStateIn(object.adminState);
+    if constexpr (Members::isReading) {
+        object.initialState = usualInitialState;
+        object.opState = usualOpState;
+    }
+    if (Members::isReading || object.initialState != usualInitialState)
+        members("initialState", object.initialState);
+    if (Members::isReading || object.opState != usualOpState) members("opState", object.opState);
+    if (Members::isReading || object.isBuiltIn) members("isBuiltIn", object.isBuiltIn);
+}
+
+void fromJson(const json::Node& node, State& state) {
+    Reader::expect(node, json::Kind::list, "must be a list");
+    state.objects.clear();
+    std::vector<Objects::const_iterator> inOrder;
+    Reader::forEachChild(node, [&](const json::Node& child) {
+        Key key;
+        Object object;
+        Reader members{child};
+        describe(members, key, object);
+        members.finish();
+        members.require(configType(key.type) != nullptr, "type: is missing or not known");
+        members.require(isName(key.name), "name: is missing or no name for an object");
+        members.require(object.value != nullptr, "value: is missing");
+        const auto [entry, isNew] = state.objects.emplace(std::move(key), std::move(object));
+        members.require(isNew, "there is another one of this type, parent and name");
+        inOrder.push_back(entry);
     });
+    auto next = inOrder.begin();
+    Reader::forEachChild(node, [&](const json::Node& child) {
+        const auto& [key, object] = **next++;
+        const ConfigType& type = *configType(key.type);
+        try {
+            checkState(object.adminState);
+            checkState(object.initialState);
+            require(hasParent(state.objects, type, key.parent), "parent", "there is no such object");
+            checkValue(state.objects, type, *object.value);
+        } catch (const ValidationException& refusal) {
+            throw json::Problem{child.line, refusal.first + ": " + refusal.second};
+        }
+    });
+}
+
+void toJson(json::Text& out, State& state) {
+    out.open('[');
+    for (auto& [key, object] : state.objects) {
+        out.beginElement();
+        out.open('{');
+        Writer members{out};
+        Key written = key;
+        describe(members, written, object);
+        out.close('}');
+    }
+    out.close(']');
+}
+
+auto& memory = Memory<State>::make("config");
+
+/// Runs `action` on an object of `state` and all others; NOT_FOUND or INVALID_TYPE if there is no such
+/// object.
+template <typename AnyState, typename Action>
+Code withObject(AnyState& state, const Key& key, Action action) {
+    if (configType(key.type) == nullptr) return Code::INVALID_TYPE;
+    const auto found = state.objects.find(key);
+    return found == state.objects.end() ? Code::NOT_FOUND : action(found->second, state.objects);
+}
+
+/// Reads an object.
+template <typename Action>
+Code readObject(const Key& key, Action action) {
+    return memory.read([&](const State& state) { return withObject(state, key, action); });
+}
+
+template <typename Action>
+Code changeObject(const Key& key, Action action) {
+    return memory.change([&](State& state) { return withObject(state, key, action); });
 }
 
 }  // namespace
 
-namespace talvern::config {
+namespace talvern::config::simulated {
 
-const char* const OPSTATE_STR[] = {"UNKNOWN", "UP", "DOWN", "PENDING", "FAILED"};
-const char* const ADMINSTATE_STR[] = {"UNKNOWN", "ENABLED", "DISABLED"};
-const char* const RETURNCODE_STR[] = {
-    "OK",   "FAILED",       "NOT_FOUND",    "ALREADY_EXISTS", "NOT_PERMITTED",
-    "BUSY", "INVALID_NAME", "INVALID_TYPE", "IN_USE",         "NULL_VALUE"};
-
-Code Service::createObject(const std::string& type, const std::string& parent, const std::string& name,
-                           const Value* value, AdminState adminState, bool replace) {
+Code createObject(const std::string& type, const std::string& parent, const std::string& name,
+                  const Value* value, AdminState adminState, bool replace) {
     const ConfigType* known = configType(type);
     if (known == nullptr) return Code::INVALID_TYPE;
     if (!isName(name)) return Code::INVALID_NAME;
     if (value == nullptr) return Code::NULL_VALUE;
-    return memory.use([&](State& state) {
-        const bool hasParent = known->parentType.empty()
-                                   ? parent.empty()
-                                   : state.objects.contains({known->parentType, "", parent});
-        if (!hasParent) return Code::NOT_FOUND;
+    return memory.change([&](State& state) {
+        if (!hasParent(state.objects, *known, parent)) return Code::NOT_FOUND;
         const auto present = state.objects.find({type, parent, name});
         if (present != state.objects.end() && !replace) return Code::ALREADY_EXISTS;
         if (present != state.objects.end() && present->second.isBuiltIn) return Code::NOT_PERMITTED;
@@ -196,20 +283,21 @@ Code Service::createObject(const std::string& type, const std::string& parent, c
     });
 }
 
-Code Service::updateObject(const std::string& type, const std::string& parent, const std::string& name,
-                           const Value* value, bool merge) {
+Code updateObject(const std::string& type, const std::string& parent, const std::string& name,
+                  const Value* value, bool merge) {
     if (value == nullptr) return Code::NULL_VALUE;
-    return withObject({type, parent, name}, [&](Object& object, const Objects& objects) {
+    return changeObject({type, parent, name}, [&](Object& object, const Objects& objects) {
         std::unique_ptr<Value> changed = merge ? merged(*object.value, *value) : copyOf(value);
         checkValue(objects, *configType(type), *changed);
+        if (object.initialValue == nullptr) object.initialValue = std::move(object.value);
         object.value = std::move(changed);
         return Code::OK;
     });
 }
 
-Code Service::deleteObject(const std::string& type, const std::string& parent, const std::string& name) {
+Code deleteObject(const std::string& type, const std::string& parent, const std::string& name) {
     const Key key{type, parent, name};
-    return withObject(key, [&](const Object& object, Objects& objects) {
+    return changeObject(key, [&](const Object& object, Objects& objects) {
         if (object.isBuiltIn) return Code::NOT_PERMITTED;
         checkUnused(objects, key);
         objects.erase(key);
@@ -217,37 +305,35 @@ Code Service::deleteObject(const std::string& type, const std::string& parent, c
     });
 }
 
-Code Service::resetObject(const std::string& type, const std::string& parent, const std::string& name) {
-    return withObject({type, parent, name}, [](Object& object, const Objects&) {
-        object.value = copyOf(object.initialValue.get());
+Code resetObject(const std::string& type, const std::string& parent, const std::string& name) {
+    return changeObject({type, parent, name}, [](Object& object, const Objects&) {
+        if (object.initialValue != nullptr) object.value = std::move(object.initialValue);
         object.setAdminState(object.initialState);
         return Code::OK;
     });
 }
 
-Code Service::queryObject(const std::string& type, const std::string& parent, const std::string& name,
-                          Value** value) {
+Code queryObject(const std::string& type, const std::string& parent, const std::string& name, Value** value) {
     thread_local std::unique_ptr<Value> handedOut;
     handedOut = nullptr;
-    return withObject({type, parent, name}, [&](const Object& object, const Objects&) {
+    return readObject({type, parent, name}, [&](const Object& object, const Objects&) {
         handedOut = copyOf(object.value.get());
         *value = handedOut.get();
         return Code::OK;
     });
 }
 
-Code Service::validateObject(const std::string& type, const Value* value) {
+Code validateObject(const std::string& type, const Value* value) {
     const ConfigType* known = configType(type);
     if (known == nullptr) return Code::INVALID_TYPE;
     if (value == nullptr) return Code::NULL_VALUE;
-    memory.use([&](const State& state) { checkValue(state.objects, *known, *value); });
+    memory.read([&](const State& state) { checkValue(state.objects, *known, *value); });
     return Code::OK;
 }
 
-Code Service::getNamesofObject(const std::string& type, const std::string& parent,
-                               std::vector<std::string>& names) {
+Code getNamesofObject(const std::string& type, const std::string& parent, std::vector<std::string>& names) {
     if (configType(type) == nullptr) return Code::INVALID_TYPE;
-    memory.use([&](const State& state) {
+    memory.read([&](const State& state) {
         for (const auto& [key, object] : state.objects) {
             if (key.type == type && key.parent == parent) names.push_back(key.name);
         }
@@ -255,24 +341,24 @@ Code Service::getNamesofObject(const std::string& type, const std::string& paren
     return Code::OK;
 }
 
-std::vector<std::string> Service::getObjectTypes() {
+std::vector<std::string> getObjectTypes() {
     std::vector<std::string> names;
     for (const ConfigType& type : configTypes()) names.push_back(type.name);
     return names;
 }
 
-Code Service::getAdminState(const std::string& type, const std::string& parent, const std::string& name,
-                            AdminState& adminState) {
-    return withObject({type, parent, name}, [&](const Object& object, const Objects&) {
+Code getAdminState(const std::string& type, const std::string& parent, const std::string& name,
+                   AdminState& adminState) {
+    return readObject({type, parent, name}, [&](const Object& object, const Objects&) {
         adminState = object.adminState;
         return Code::OK;
     });
 }
 
-Code Service::setAdminState(const std::string& type, const std::string& parent, const std::string& name,
-                            AdminState adminState) {
+Code setAdminState(const std::string& type, const std::string& parent, const std::string& name,
+                   AdminState adminState) {
     const Key key{type, parent, name};
-    return withObject(key, [&](Object& object, const Objects& objects) {
+    return changeObject(key, [&](Object& object, const Objects& objects) {
         checkState(adminState);
         if (adminState == AdminState::DISABLED) checkUnused(objects, key);
         object.setAdminState(adminState);
@@ -280,21 +366,21 @@ Code Service::setAdminState(const std::string& type, const std::string& parent, 
     });
 }
 
-Code Service::getOpState(const std::string& type, const std::string& parent, const std::string& name,
-                         OpState& opState) {
-    return withObject({type, parent, name}, [&](const Object& object, const Objects&) {
+Code getOpState(const std::string& type, const std::string& parent, const std::string& name,
+                OpState& opState) {
+    return readObject({type, parent, name}, [&](const Object& object, const Objects&) {
         opState = object.opState;
         return Code::OK;
     });
 }
 
-Code Service::setOpState(const std::string& type, const std::string& parent, const std::string& name,
-                         OpState opState) {
+Code setOpState(const std::string& type, const std::string& parent, const std::string& name,
+                OpState opState) {
     if (opState < OpState::UNKNOWN || opState > OpState::FAILED) return Code::FAILED;
-    return withObject({type, parent, name}, [&](Object& object, const Objects&) {
+    return changeObject({type, parent, name}, [&](Object& object, const Objects&) {
         object.opState = opState;
         return Code::OK;
     });
 }
 
-}  // namespace talvern::config
+}  // namespace talvern::config::simulated

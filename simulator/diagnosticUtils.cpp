@@ -1,5 +1,3 @@
-#include "platform/diagnosticUtils.h"
-
 #include <algorithm>
 #include <asio/io_context.hpp>
 #include <asio/ip/tcp.hpp>
@@ -7,12 +5,12 @@
 #include <strings.h>
 
 #include "addresses.h"
-#include "platform/hostsUtils.h"
-#include "platform/nodeName.h"
+#include "simulated.h"
 
 // Nothing is asked of the machine's resolver or network: the answers are the same on every machine.
 
 using asio::ip::tcp;
+namespace hosts = talvern::hostsUtils::simulated;
 
 namespace {
 
@@ -26,14 +24,14 @@ bool isSameName(const std::string& one, const std::string& other) {
 /// What the hosts table says; without it the appliance still knows itself. Empty: unknown host.
 std::vector<std::string> resolve(const std::string& host) {
     if (isIpAddress(host)) return {host};
-    std::vector<std::string> addresses = talvern::hostsUtils::getAddresses();
+    std::vector<std::string> addresses = hosts::getAddresses();
     std::erase_if(addresses, [&](const std::string& address) {
-        const auto names = talvern::hostsUtils::getHostnames(address);
+        const auto names = hosts::getHostnames(address);
         return std::none_of(names.begin(), names.end(),
                             [&](const std::string& name) { return isSameName(name, host); });
     });
     if (addresses.empty() && isSameName(host, "localhost")) return {"127.0.0.1"};
-    if (addresses.empty() && isSameName(host, talvern::nodeName::get())) return {ownAddress};
+    if (addresses.empty() && isSameName(host, talvern::nodeName::simulated::get())) return {ownAddress};
     return addresses;
 }
 
@@ -48,7 +46,7 @@ asio::error_code connect(const asio::ip::address& address, std::uint16_t port) {
 
 }  // namespace
 
-namespace talvern::diagnosticUtils {
+namespace talvern::diagnosticUtils::simulated {
 
 /// The result is the list of addresses, with spaces between them.
 bool dnsResolve(const std::string& host, std::string& result) {
@@ -83,4 +81,4 @@ bool pingHost(const std::string& host, std::string& output) {
 
 std::int32_t networkReady() { return 1; }
 
-}  // namespace talvern::diagnosticUtils
+}  // namespace talvern::diagnosticUtils::simulated

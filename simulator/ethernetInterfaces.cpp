@@ -1,12 +1,12 @@
-#include "platform/ethernetInterfaces.h"
-
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <initializer_list>
 #include <memory>
 
 #include "addresses.h"
 #include "memory.h"
+#include "simulated.h"
 
 using talvern::types::InterfaceStatus;
 using talvern::types::KeyValPair;
@@ -22,10 +22,10 @@ constexpr std::int32_t readOnly = 7;
 using Attributes = std::map<std::string, std::string>;
 
 struct Interface {
-    std::string type;
-    std::string builtInHardwareAddress;  // empty: has none of its own
+    std::string type = "ethernet";
+    std::string builtInHardwareAddress = {};  // empty: has none of its own
     bool hasLink = false;
-    Attributes configuration;
+    Attributes configuration = {};
     std::string hardwareAddress = builtInHardwareAddress;
     std::vector<std::string> virtualAddresses = {};
 };
@@ -59,8 +59,6 @@ struct State {
          {"loopback", "", true, {{"enabled", "true"}, {"ipAddress", "127.0.0.1"}, {"netmask", "255.0.0.0"}}}},
     };
 };
-Memory<State> memory;
-
 std::string valueOf(const Attributes& attributes, const std::string& key) {
     const auto entry = attributes.find(key);
     return entry == attributes.end() ? "" : entry->second;
@@ -127,6 +125,35 @@ bool isAcceptable(const State& state, const std::string& key, const std::string&
     return true;
 }
 
+template <typename Members>
+void describe(Members& members, Interface& interface) {
+    members("type", interface.type);
+    members("hasLink", interface.hasLink);
+    members("builtInHardwareAddress", interface.builtInHardwareAddress);
+    if constexpr (Members::isReading) interface.hardwareAddress = interface.builtInHardwareAddress;
+    members("hardwareAddress", interface.hardwareAddress);
+    members("configuration", interface.configuration);
+    members("virtualAddresses", interface.virtualAddresses);
+    if constexpr (Members::isReading) {
+        constexpr std::array types{"ethernet", "aggregate", "vlan", "loopback"};
+        members.require(std::find(types.begin(), types.end(), interface.type) != types.end(),
+                        "type: must be ethernet, aggregate, vlan or loopback");
+    }
+}
+
+void fromJson(const json::Node& node, State& state) {
+    Reader::read(node, state.interfaces);
+    Reader::forEachChild(node, [&](const json::Node& interface) {
+        for (const auto& [key, value] : state.interfaces.at(interface.key).configuration) {
+            if (isAcceptable(state, key, value)) continue;
+            throw json::Problem{interface.line, "configuration: " + key + " must not be " + value};
+        }
+    });
+}
+void toJson(json::Text& out, State& state) { Writer::write(out, state.interfaces); }
+
+auto& memory = Memory<State>::make("interfaces");
+
 bool isEnabled(const Interface& interface) { return valueOf(interface.configuration, "enabled") == "true"; }
 
 /// Ends, since a VLAN stands on an interface of another type, and an aggregate on plain ones.
@@ -165,7 +192,7 @@ template <auto Operation>
 InterfaceStatus* statusOf(const std::string& name, std::initializer_list<const char*> types) {
     thread_local std::vector<KeyValPair> details;
     thread_local InterfaceStatus status;
-    return memory.use([&](const State& state) -> InterfaceStatus* {
+    return memory.read([&](const State& state) -> InterfaceStatus* {
         if (!isOneOf(state, name, types)) return nullptr;
         const Interface& interface = state.interfaces.at(name);
         details = detailsOf(state, interface);
@@ -180,7 +207,7 @@ InterfaceStatus* statusOf(const std::string& name, std::initializer_list<const c
 /// What `change` answers for the interface, which it may change.
 template <typename Change>
 std::int32_t changeInterface(const std::string& name, Change change) {
-    return memory.use([&](State& state) -> std::int32_t {
+    return memory.change([&](State& state) -> std::int32_t {
         const auto found = state.interfaces.find(name);
         return found == state.interfaces.end() ? notFound : change(state, found->second);
     });
@@ -194,10 +221,10 @@ bool hasAddress(const Interface& interface, const std::string& address) {
 
 }  // namespace
 
-namespace talvern::ethernetInterfaces {
+namespace talvern::ethernetInterfaces::simulated {
 
 std::vector<std::string>* getInterfaceNames() {
-    return memory.use([](const State& state) {
+    return memory.read([](const State& state) {
         auto names = std::make_unique<std::vector<std::string>>();
         for (const auto& [name, interface] : state.interfaces) names->push_back(name);
         return names.release();
@@ -206,7 +233,7 @@ std::vector<std::string>* getInterfaceNames() {
 
 bool getInterfaces(std::vector<KeyValPair*>& interfaces) {
     thread_local std::vector<KeyValPair> records;
-    memory.use([&](const State& state) {
+    memory.read([&](const State& state) {
         records.clear();
         for (const auto& [name, interface] : state.interfaces) records.push_back(describe(name, interface));
     });
@@ -216,7 +243,7 @@ bool getInterfaces(std::vector<KeyValPair*>& interfaces) {
 
 KeyValPair* getInterface(const std::string& name) {
     thread_local KeyValPair record;
-    return memory.use([&](const State& state) -> KeyValPair* {
+    return memory.read([&](const State& state) -> KeyValPair* {
         const auto found = state.interfaces.find(name);
         if (found == state.interfaces.end()) return nullptr;
         record = describe(name, found->second);
@@ -303,4 +330,4 @@ std::int32_t resetHWAddressImmediate(std::string name) {
 }
 // NOLINTEND(performance-unnecessary-value-param)
 
-}  // namespace talvern::ethernetInterfaces
+}  // namespace talvern::ethernetInterfaces::simulated

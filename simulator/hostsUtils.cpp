@@ -1,10 +1,9 @@
-#include "platform/hostsUtils.h"
-
 #include <algorithm>
 #include <map>
 
 #include "addresses.h"
 #include "memory.h"
+#include "simulated.h"
 
 namespace {
 
@@ -12,14 +11,23 @@ struct State {
     std::map<std::string, std::vector<std::string>> table{{"127.0.0.1", {"localhost"}},
                                                           {"10.0.0.20", {"db.example.com", "db"}}};
 };
-Memory<State> memory;
+
+void fromJson(const json::Node& node, State& state) {
+    Reader::read(node, state.table);
+    Reader::forEachChild(node, [](const json::Node& entry) {
+        if (!isIpAddress(entry.key)) throw json::Problem{entry.line, "is no address"};
+    });
+}
+void toJson(json::Text& out, State& state) { Writer::write(out, state.table); }
+
+auto& memory = Memory<State>::make("hosts");
 
 }  // namespace
 
-namespace talvern::hostsUtils {
+namespace talvern::hostsUtils::simulated {
 
 std::vector<std::string> getAddresses() {
-    return memory.use([](const State& state) {
+    return memory.read([](const State& state) {
         std::vector<std::string> addresses;
         for (const auto& [address, hostnames] : state.table) addresses.push_back(address);
         return addresses;
@@ -27,7 +35,7 @@ std::vector<std::string> getAddresses() {
 }
 
 std::vector<std::string> getHostnames(const std::string& address) {
-    return memory.use([&](const State& state) {
+    return memory.read([&](const State& state) {
         const auto entry = state.table.find(address);
         return entry == state.table.end() ? std::vector<std::string>{} : entry->second;
     });
@@ -35,7 +43,7 @@ std::vector<std::string> getHostnames(const std::string& address) {
 
 bool setHostnames(const std::string& address, const std::vector<std::string>& hostnames) {
     if (!isIpAddress(address) || !std::all_of(hostnames.begin(), hostnames.end(), isHostName)) return false;
-    memory.use([&](State& state) {
+    memory.change([&](State& state) {
         if (hostnames.empty()) {
             state.table.erase(address);
         } else {
@@ -46,7 +54,7 @@ bool setHostnames(const std::string& address, const std::vector<std::string>& ho
 }
 
 bool deleteHostnames(const std::string& address) {
-    return memory.use([&](State& state) { return state.table.erase(address) > 0; });
+    return memory.change([&](State& state) { return state.table.erase(address) > 0; });
 }
 
-}  // namespace talvern::hostsUtils
+}  // namespace talvern::hostsUtils::simulated

@@ -1,9 +1,9 @@
-#include "platform/log.h"
-
 #include <cstdarg>
 #include <cstdio>
 #include <mutex>
 #include <string>
+
+#include "simulated.h"
 
 namespace {
 
@@ -13,12 +13,16 @@ std::string processName;  // guarded by mutex; empty until logging is initialise
 
 }  // namespace
 
-namespace talvern::log {
+namespace talvern::log::simulated {
 
 void init(const char* name) {
     const std::lock_guard lock{mutex};
     processName = name;
 }
+
+}  // namespace talvern::log::simulated
+
+namespace talvern::log {
 
 void trace(unsigned level, const char* format, ...) {
     const std::string name = [] {

@@ -1,9 +1,8 @@
-#include "platform/nameServers.h"
-
 #include <algorithm>
 
 #include "addresses.h"
 #include "memory.h"
+#include "simulated.h"
 
 namespace {
 
@@ -14,14 +13,22 @@ struct State {
     std::vector<std::string> options{"timeout:2", "attempts:3"};  // the companion list
     std::vector<std::string> domains{"example.com"};
 };
-Memory<State> memory;
+
+template <typename Members>
+void describe(Members& members, State& state) {
+    members("servers", state.servers);
+    members("options", state.options);
+    members("searchDomains", state.domains);
+}
+
+auto& memory = Memory<State>::make("nameServers");
 
 }  // namespace
 
-namespace talvern::nameServers {
+namespace talvern::nameServers::simulated {
 
 std::vector<std::string> getNameServers(std::vector<std::string>* companions) {
-    return memory.use([&](const State& state) {
+    return memory.read([&](const State& state) {
         if (companions != nullptr) *companions = state.options;
         return state.servers;
     });
@@ -30,7 +37,7 @@ std::vector<std::string> getNameServers(std::vector<std::string>* companions) {
 std::int32_t
 setNameServers(const std::vector<std::string>& servers, const std::vector<std::string>* companions) {
     if (!std::all_of(servers.begin(), servers.end(), isIpAddress)) return refused;
-    memory.use([&](State& state) {
+    memory.change([&](State& state) {
         state.servers = servers;
         state.options = companions == nullptr ? std::vector<std::string>{} : *companions;
     });
@@ -38,13 +45,13 @@ setNameServers(const std::vector<std::string>& servers, const std::vector<std::s
 }
 
 std::vector<std::string> getSearchDomains() {
-    return memory.use([](const State& state) { return state.domains; });
+    return memory.read([](const State& state) { return state.domains; });
 }
 
 std::int32_t setSearchDomains(const std::vector<std::string>& domains) {
     if (!std::all_of(domains.begin(), domains.end(), isHostName)) return refused;
-    memory.use([&](State& state) { state.domains = domains; });
+    memory.change([&](State& state) { state.domains = domains; });
     return 0;
 }
 
-}  // namespace talvern::nameServers
+}  // namespace talvern::nameServers::simulated

@@ -1,34 +1,37 @@
-#include "platform/nodeName.h"
-
 #include "addresses.h"
 #include "memory.h"
+#include "simulated.h"
 
 namespace {
 
 constexpr int refused = 6;
 
-struct State {
-    std::string name = "talvern";
+struct NodeName {
+    std::string text = "talvern";
 };
-Memory<State> memory;
+
+void fromJson(const json::Node& node, NodeName& name) { Reader::read(node, name.text); }
+void toJson(json::Text& out, const NodeName& name) { out.addQuoted(name.text); }
+
+auto& memory = Memory<NodeName>::make("nodeName");
 
 }  // namespace
 
-namespace talvern::nodeName {
+namespace talvern::nodeName::simulated {
 
 std::int32_t init() {
-    memory.use([](State& state) { state = State{}; });
+    memory.change([](NodeName& name) { name = {}; });
     return 0;
 }
 
 std::string get() {
-    return memory.use([](State& state) { return state.name; });
+    return memory.read([](const NodeName& name) { return name.text; });
 }
 
 std::int32_t set(const std::string& name) {
     if (!isHostName(name)) return refused;
-    memory.use([&](State& state) { state.name = name; });
+    memory.change([&](NodeName& present) { present.text = name; });
     return 0;
 }
 
-}  // namespace talvern::nodeName
+}  // namespace talvern::nodeName::simulated

@@ -1,33 +1,52 @@
-#include "platform/packetCapture.h"
-
 #include <algorithm>
+#include <array>
 #include <map>
 #include <memory>
 
 #include "memory.h"
-#include "platform/ethernetInterfaces.h"
+#include "simulated.h"
+
+namespace talvern::packetCapture {
+
+static const auto& namesOf(InterfaceState) {
+    static constexpr std::array names{"noCapture",        "capturing",        "stopped", "finished",
+                                      "alreadyCapturing", "unknownInterface", "failed",  "invalidArguments"};
+    return names;
+}
+
+}  // namespace talvern::packetCapture
 
 namespace {
 
-using talvern::packetCapture::CaptureInfo;
+using talvern::packetCapture::InterfaceState;
 
 constexpr int notFound = 2;
 constexpr int notRunning = 4;
 constexpr int stillRunning = 5;
 
-struct State {
-    std::map<std::string, CaptureInfo> captures;
+struct Capture {
+    InterfaceState state = talvern::packetCapture::noCapture;
+    std::vector<std::string> files = {};
 };
-Memory<State> memory;
+
+template <typename Members>
+void describe(Members& members, Capture& capture) {
+    members("state", capture.state);
+    members("files", capture.files);
+}
+
+using Captures = std::map<std::string, Capture>;  // by the name of the interface
+auto& memory = Memory<Captures>::make("captures");
 
 bool isInterface(const std::string& name) {
-    const std::unique_ptr<std::vector<std::string>> names{talvern::ethernetInterfaces::getInterfaceNames()};
+    const std::unique_ptr<std::vector<std::string>> names{
+        talvern::ethernetInterfaces::simulated::getInterfaceNames()};
     return std::find(names->begin(), names->end(), name) != names->end();
 }
 
 }  // namespace
 
-namespace talvern::packetCapture {
+namespace talvern::packetCapture::simulated {
 
 // NOLINTBEGIN(performance-unnecessary-value-param): these prototypes are the platform's
 
@@ -38,10 +57,8 @@ sStartPacketCapture(std::string interfaceName, std::string fileName, std::string
                     unsigned int /*maxPackets*/, bool /*isPromiscuous*/) {
     if (!isInterface(interfaceName)) return unknownInterface;
     if (fileName.empty()) return invalidArguments;
-    return memory.use([&](State& state) {
-        CaptureInfo& capture =
-            state.captures.try_emplace(interfaceName, CaptureInfo{interfaceName, noCapture, {}})
-                .first->second;
+    return memory.change([&](Captures& captures) {
+        Capture& capture = captures[interfaceName];
         if (capture.state == capturing) return alreadyCapturing;
         capture.state = capturing;
         capture.files.push_back(fileName);
@@ -50,9 +67,9 @@ sStartPacketCapture(std::string interfaceName, std::string fileName, std::string
 }
 
 std::int32_t sStopPacketCapture(std::string interfaceName) {
-    return memory.use([&](State& state) {
-        const auto capture = state.captures.find(interfaceName);
-        if (capture == state.captures.end()) return notFound;
+    return memory.change([&](Captures& captures) {
+        const auto capture = captures.find(interfaceName);
+        if (capture == captures.end()) return notFound;
         if (capture->second.state != capturing) return notRunning;
         capture->second.state = stopped;
         return 0;
@@ -60,30 +77,31 @@ std::int32_t sStopPacketCapture(std::string interfaceName) {
 }
 
 std::int32_t sRemoveCapture(std::string interfaceName) {
-    return memory.use([&](State& state) {
-        const auto capture = state.captures.find(interfaceName);
-        if (capture == state.captures.end()) return notFound;
+    return memory.change([&](Captures& captures) {
+        const auto capture = captures.find(interfaceName);
+        if (capture == captures.end()) return notFound;
         if (capture->second.state == capturing) return stillRunning;
-        state.captures.erase(capture);
+        captures.erase(capture);
         return 0;
     });
 }
 
 CaptureInfo sGetCaptureInfo(std::string interfaceName) {
-    return memory.use([&](State& state) {
-        const auto capture = state.captures.find(interfaceName);
-        return capture == state.captures.end() ? CaptureInfo{interfaceName, noCapture, {}} : capture->second;
+    return memory.read([&](const Captures& captures) {
+        const auto capture = captures.find(interfaceName);
+        if (capture == captures.end()) return CaptureInfo{interfaceName, noCapture, {}};
+        return CaptureInfo{interfaceName, capture->second.state, capture->second.files};
     });
 }
 
 // NOLINTEND(performance-unnecessary-value-param)
 
 std::vector<std::string> sGetAllCapturedInterfaces() {
-    return memory.use([](State& state) {
+    return memory.read([](const Captures& captures) {
         std::vector<std::string> names;
-        for (const auto& [name, capture] : state.captures) names.push_back(name);
+        for (const auto& [name, capture] : captures) names.push_back(name);
         return names;
     });
 }
 
-}  // namespace talvern::packetCapture
+}  // namespace talvern::packetCapture::simulated

@@ -1,9 +1,8 @@
-#include "platform/servicesUtils.h"
-
 #include <set>
 #include <string>
 
 #include "memory.h"
+#include "simulated.h"
 
 namespace {
 
@@ -13,23 +12,22 @@ constexpr int refused = 6;
 
 const std::set<std::string> tests{"database", "network", "storage"};
 
-struct State {
-    std::set<std::string> started;
-};
-Memory<State> memory;
+auto& memory = Memory<std::set<std::string>>::make("startedTests");
 
 }  // namespace
 
-namespace talvern::servicesUtils {
+namespace talvern::servicesUtils::simulated {
 
 std::int32_t startTest(const char* name, std::int32_t interval) {
     if (!tests.contains(name)) return notFound;
     if (interval <= 0) return refused;
-    return memory.use([&](State& state) { return state.started.emplace(name).second ? 0 : alreadyStarted; });
+    return memory.change(
+        [&](std::set<std::string>& started) { return started.emplace(name).second ? 0 : alreadyStarted; });
 }
 
 std::int32_t stopTest(const char* name) {
-    return memory.use([&](State& state) { return state.started.erase(name) == 0 ? notFound : 0; });
+    return memory.change(
+        [&](std::set<std::string>& started) { return started.erase(name) == 0 ? notFound : 0; });
 }
 
 std::int32_t performTest(const char* name, std::int32_t count) {
@@ -37,4 +35,4 @@ std::int32_t performTest(const char* name, std::int32_t count) {
     return count <= 0 ? refused : 0;
 }
 
-}  // namespace talvern::servicesUtils
+}  // namespace talvern::servicesUtils::simulated

@@ -1,28 +1,33 @@
-#include "platform/snmpUtils.h"
-
 #include "memory.h"
+#include "simulated.h"
 
 namespace {
 
 struct State {
     bool isRunning = false;
 };
-Memory<State> memory;
+
+template <typename Members>
+void describe(Members& members, State& state) {
+    members("isRunning", state.isRunning);
+}
+
+auto& memory = Memory<State>::make("snmp");
 
 }  // namespace
 
-namespace talvern::snmpUtils {
+namespace talvern::snmpUtils::simulated {
 
 bool startSNMP() {
-    return memory.use([](State& state) { return !std::exchange(state.isRunning, true); });
+    return memory.change([](State& state) { return !std::exchange(state.isRunning, true); });
 }
 
 bool stopSNMP() {
-    return memory.use([](State& state) { return std::exchange(state.isRunning, false); });
+    return memory.change([](State& state) { return std::exchange(state.isRunning, false); });
 }
 
 bool restartSNMP() {
-    return memory.use([](State& state) { return state.isRunning = true; });
+    return memory.change([](State& state) { return state.isRunning = true; });
 }
 
-}  // namespace talvern::snmpUtils
+}  // namespace talvern::snmpUtils::simulated

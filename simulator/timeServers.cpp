@@ -1,7 +1,6 @@
-#include "platform/timeServers.h"
-
 #include "addresses.h"
 #include "memory.h"
+#include "simulated.h"
 
 namespace {
 
@@ -10,15 +9,19 @@ constexpr std::int32_t refused = 6;
 struct State {
     std::vector<std::string> servers{"ntp1.example.com", "ntp2.example.com"};
 };
-Memory<State> memory;
+
+void fromJson(const json::Node& node, State& state) { Reader::read(node, state.servers); }
+void toJson(json::Text& out, State& state) { Writer::write(out, state.servers); }
+
+auto& memory = Memory<State>::make("timeServers");
 
 }  // namespace
 
-namespace talvern::timeServers {
+namespace talvern::timeServers::simulated {
 
 std::vector<std::string> getTimeServers(std::vector<std::string>* companions) {
     if (companions != nullptr) companions->clear();  // this appliance keeps nothing beside the servers
-    return memory.use([](const State& state) { return state.servers; });
+    return memory.read([](const State& state) { return state.servers; });
 }
 
 std::int32_t setTimeServers(const std::vector<std::string>& servers, std::vector<std::string>* companions) {
@@ -28,8 +31,8 @@ std::int32_t setTimeServers(const std::vector<std::string>& servers, std::vector
     }
     if (companions != nullptr) *companions = malformed;
     if (!malformed.empty()) return refused;
-    memory.use([&](State& state) { state.servers = servers; });
+    memory.change([&](State& state) { state.servers = servers; });
     return 0;
 }
 
-}  // namespace talvern::timeServers
+}  // namespace talvern::timeServers::simulated

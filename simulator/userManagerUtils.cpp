@@ -1,5 +1,3 @@
-#include "platform/userManagerUtils.h"
-
 #include <algorithm>
 #include <crypt.h>
 #include <memory>
@@ -7,6 +5,7 @@
 #include <stdexcept>
 
 #include "memory.h"
+#include "simulated.h"
 
 namespace {
 
@@ -17,24 +16,47 @@ constexpr int refused = 6;
 
 constexpr auto administrator = "admin";
 
+bool consistsOf(const std::string& text, const char* characters) {
+    return !text.empty() && text.find_first_not_of(characters) == std::string::npos;
+}
+
+bool isUserName(const std::string& name) {
+    return consistsOf(name, "abcdefghijklmnopqrstuvwxyz0123456789_-") && name.size() <= 32 &&
+           !consistsOf(name.substr(0, 1), "0123456789-");
+}
+
 struct User {
     std::string name;
-    std::string passwordHash;
+    std::string passwordHash = "*";
     std::vector<std::string> sshKeys = {};
 };
 
 /// A new appliance has its administrator, who can't log in before a password is set.
 struct State {
-    std::vector<User> users = {{administrator, "*"}};
-
-    /// The user of this name, or null.
-    User* find(const std::string& name) {
-        const auto user =
-            std::find_if(users.begin(), users.end(), [&](const User& u) { return u.name == name; });
-        return user == users.end() ? nullptr : &*user;
-    }
+    std::vector<User> users = {{administrator}};
 };
-Memory<State> memory;
+
+/// The user of this name, or null.
+template <typename AnyState>
+auto find(AnyState& state, const std::string& name) {
+    const auto user =
+        std::find_if(state.users.begin(), state.users.end(), [&](const User& u) { return u.name == name; });
+    return user == state.users.end() ? nullptr : &*user;
+}
+
+template <typename Members>
+void describe(Members& members, User& user) {
+    members("name", user.name);
+    members("passwordHash", user.passwordHash);
+    members("sshKeys", user.sshKeys);
+    if constexpr (Members::isReading)
+        members.require(isUserName(user.name), "name: is missing or no name for a user");
+}
+
+void fromJson(const json::Node& node, State& state) { Reader::read(node, state.users); }
+void toJson(json::Text& out, State& state) { Writer::write(out, state.users); }
+
+auto& memory = Memory<State>::make("users");
 
 /// The hash of `password` with the salt that `setting`, a salt or another hash, starts with; a text that is
 /// no hash of anything if either is unusable.
@@ -53,15 +75,6 @@ std::string newHash(const std::string& password) {
     return hash(password, salt);
 }
 
-bool consistsOf(const std::string& text, const char* characters) {
-    return !text.empty() && text.find_first_not_of(characters) == std::string::npos;
-}
-
-bool isUserName(const std::string& name) {
-    return consistsOf(name, "abcdefghijklmnopqrstuvwxyz0123456789_-") && name.size() <= 32 &&
-           !consistsOf(name.substr(0, 1), "0123456789-");
-}
-
 bool isSshKey(const std::string& key) {
     std::istringstream words{key};
     std::string type;
@@ -73,7 +86,7 @@ bool isSshKey(const std::string& key) {
 
 }  // namespace
 
-namespace talvern::userManagerUtils {
+namespace talvern::userManagerUtils::simulated {
 
 // NOLINTBEGIN(performance-unnecessary-value-param): these prototypes are the platform's
 
@@ -81,8 +94,8 @@ std::int32_t addUser(std::string name, std::string password) {
     if (!isUserName(name)) return refused;
     const std::string passwordHash = newHash(password);
     if (passwordHash.empty()) return refused;
-    return memory.use([&](State& state) {
-        if (state.find(name) != nullptr) return alreadyExists;
+    return memory.change([&](State& state) {
+        if (find(state, name) != nullptr) return alreadyExists;
         state.users.push_back({name, passwordHash});
         return 0;
     });
@@ -90,7 +103,7 @@ std::int32_t addUser(std::string name, std::string password) {
 
 std::int32_t deleteUser(std::string name) {
     if (name == administrator) return notPermitted;
-    return memory.use([&](State& state) {
+    return memory.change([&](State& state) {
         const auto isUser = [&](const User& user) { return user.name == name; };
         return std::erase_if(state.users, isUser) == 0 ? notFound : 0;
     });
@@ -98,8 +111,8 @@ std::int32_t deleteUser(std::string name) {
 
 std::int32_t sshKeyAdd(std::string name, std::string key) {
     if (!isSshKey(key)) return refused;
-    return memory.use([&](State& state) {
-        User* user = state.find(name);
+    return memory.change([&](State& state) {
+        User* user = find(state, name);
         if (user == nullptr) return notFound;
         auto& keys = user->sshKeys;
         if (std::find(keys.begin(), keys.end(), key) != keys.end()) return alreadyExists;
@@ -109,8 +122,8 @@ std::int32_t sshKeyAdd(std::string name, std::string key) {
 }
 
 std::int32_t sshKeyDel(std::string name) {
-    return memory.use([&](State& state) {
-        User* user = state.find(name);
+    return memory.change([&](State& state) {
+        User* user = find(state, name);
         if (user == nullptr || user->sshKeys.empty()) return notFound;
         user->sshKeys.clear();
         return 0;
@@ -120,8 +133,8 @@ std::int32_t sshKeyDel(std::string name) {
 bool changePasswd(loginType, std::string name, std::string newPassword) {
     const std::string passwordHash = newHash(newPassword);
     if (passwordHash.empty()) return false;
-    return memory.use([&](State& state) {
-        User* user = state.find(name);
+    return memory.change([&](State& state) {
+        User* user = find(state, name);
         if (user != nullptr) user->passwordHash = passwordHash;
         return user != nullptr;
     });
@@ -129,8 +142,8 @@ bool changePasswd(loginType, std::string name, std::string newPassword) {
 
 bool login(loginType, std::string name, std::string password) {
     // Hashing takes long, so it runs on a copy, and other threads can go on.
-    const std::string expected = memory.use([&](State& state) {
-        const User* user = state.find(name);
+    const std::string expected = memory.read([&](const State& state) {
+        const User* user = find(state, name);
         return user == nullptr ? std::string{} : user->passwordHash;
     });
     return !expected.empty() && hash(password, expected.c_str()) == expected;
@@ -139,11 +152,11 @@ bool login(loginType, std::string name, std::string password) {
 // NOLINTEND(performance-unnecessary-value-param)
 
 std::vector<std::string> listUsers() {
-    return memory.use([](State& state) {
+    return memory.read([](const State& state) {
         std::vector<std::string> names;
         for (const User& user : state.users) names.push_back(user.name);
         return names;
     });
 }
 
-}  // namespace talvern::userManagerUtils
+}  // namespace talvern::userManagerUtils::simulated

@@ -25,7 +25,7 @@ TEST(Appliance, SetsTheClockUnlessTheTimeIsOutOfRange) {
     EXPECT_GT(getDateTime().at(0), "2020");
 }
 
-TEST(Appliance, ResetBringsEverythingBackAndReportsTwoFiles) {
+TEST(Appliance, ResetRestoresTheSettingsAndReportsTwoFiles) {
     EXPECT_TRUE(setTimezone("Asia/Tokyo"));
     EXPECT_TRUE(setLocale("de_DE", "euro"));
     EXPECT_EQ(resetHostSSHKeys(), 0);
@@ -33,14 +33,13 @@ TEST(Appliance, ResetBringsEverythingBackAndReportsTwoFiles) {
     EXPECT_EQ(statusUtils::clearIntrusionStatus(), 0);
     EXPECT_EQ(getTimezone() + getLocale() + nodeName::get(), "Asia/Tokyode_DE@eurorack-7");
     EXPECT_TRUE(areHostSSHKeysStrong());
-    EXPECT_EQ(statusUtils::getIntrusionStatus(), 0);
 
     std::vector<resetFileError> errors;
     EXPECT_EQ(deviceRESET(errors), 1);
     EXPECT_EQ(errors.size(), 2);
     EXPECT_EQ(getTimezone() + getLocale() + nodeName::get(), "UTCen_UStalvern");
     EXPECT_FALSE(areHostSSHKeysStrong());
-    EXPECT_EQ(statusUtils::getIntrusionStatus(), 1);
+    EXPECT_EQ(statusUtils::getIntrusionStatus(), 0) << "no reset closes or opens the case";
 }
 
 TEST(Appliance, KeepsTheDisksOfAThreadUntilItAsksAgain) {

@@ -1,0 +1,256 @@
+#include "json.h"
+
+#include <algorithm>
+#include <iterator>
+#include <nlohmann/json.hpp>
+#include <utility>
+
+namespace json {
+
+namespace {
+
+// The trees of configuration objects have 1,000 levels at most, each of which may take two here.
+constexpr std::size_t depthLimit = 2'100;
+constexpr std::size_t lineLimit = 130;
+
+bool isSurrogate(char32_t unit) { return unit >= 0xD800 && unit <= 0xDFFF; }
+bool isHighSurrogate(char32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
+
+char continuation(char32_t bits) { return static_cast<char>(0x80 | (bits & 0x3F)); }
+
+void addThreeBytes(std::string& text, char32_t unit) {
+    text += {static_cast<char>(0xE0 | (unit >> 12)), continuation(unit >> 6), continuation(unit)};
+}
+
+/// Decodes the UTF-16 unit that stands in two or three bytes at `position`, and goes on behind it.
+char32_t takeUnit(std::string_view text, std::size_t& position) {
+    const auto refuse = [] { throw std::invalid_argument{"a text is not Unicode, and can't be kept"}; };
+    const auto first = static_cast<unsigned char>(text[position++]);
+    const int following = (first & 0xE0) == 0xC0 ? 1 : (first & 0xF0) == 0xE0 ? 2 : 0;
+    if (following == 0) refuse();
+    char32_t unit = first & (following == 1 ? 0x1F : 0x0F);
+    for (int i = 0; i < following; ++i) {
+        if (position == text.size() || (text[position] & 0xC0) != 0x80) refuse();
+        unit = unit << 6 | (static_cast<unsigned char>(text[position++]) & 0x3F);
+    }
+    if (isHighSurrogate(unit) && position < text.size()) {
+        const char32_t low = takeUnit(text, position);
+        if (low < 0xDC00 || low > 0xDFFF) refuse();
+        return 0x10000 + ((unit - 0xD800) << 10) + (low - 0xDC00);
+    }
+    if (isSurrogate(unit)) refuse();
+    return unit;
+}
+
+void addCharacter(std::string& text, char32_t character) {
+    if (character < 0x20 || character == '"' || character == '\\' || character == 0x7F) {
+        char escaped[8];
+        std::snprintf(escaped, sizeof escaped, "\\u%04x", static_cast<unsigned>(character));
+        text += character == '"' || character == '\\' ? std::string{'\\', static_cast<char>(character)}
+                                                      : std::string{escaped};
+    } else if (character < 0x80) {
+        text += static_cast<char>(character);
+    } else if (character < 0x800) {
+        text += {static_cast<char>(0xC0 | (character >> 6)), continuation(character)};
+    } else if (character < 0x10000) {
+        addThreeBytes(text, character);
+    } else {
+        text += {static_cast<char>(0xF0 | (character >> 18)), continuation(character >> 12),
+                 continuation(character >> 6), continuation(character)};
+    }
+}
+
+/// Valid UTF-8 as the bridge hands it to Java.
+std::string toModifiedUtf8(std::string text) {
+    const auto differs = [](char c) { return c == '\0' || static_cast<unsigned char>(c) >= 0xF0; };
+    if (std::none_of(text.begin(), text.end(), differs)) return text;
+    std::string modified;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '\0') {
+            modified += "\xC0\x80";
+        } else if (differs(text[i])) {
+            char32_t character = text[i] & 0x07;
+            for (int following = 0; following < 3; ++following) {
+                character = character << 6 | (static_cast<unsigned char>(text[++i]) & 0x3F);
+            }
+            addThreeBytes(modified, 0xD800 + ((character - 0x10000) >> 10));
+            addThreeBytes(modified, 0xDC00 + ((character - 0x10000) & 0x3FF));
+        } else {
+            modified += text[i];
+        }
+    }
+    return modified;
+}
+
+/// Where the parser is: at the next character, and on the line of the last one.
+struct Position {
+    const char* next;
+    int line = 1;
+    bool startsLine = false;  // the next character does
+};
+
+/// Reads a text for the parser, and counts its lines. Its copies go on together.
+class Cursor {
+  public:
+    using iterator_category = std::input_iterator_tag;
+    using value_type = char;
+    using difference_type = std::ptrdiff_t;
+    using pointer = const char*;
+    using reference = const char&;
+
+    explicit Cursor(Position& position) : position_{&position} {}
+
+    reference operator*() const { return *position_->next; }
+    Cursor& operator++() {
+        position_->line += position_->startsLine ? 1 : 0;
+        position_->startsLine = *position_->next++ == '\n';
+        return *this;
+    }
+    bool operator==(const Cursor& other) const { return position_->next == other.position_->next; }
+    bool operator!=(const Cursor& other) const { return !(*this == other); }
+
+  private:
+    Position* position_;
+};
+
+/// What the parser tells of what it meets.
+class Builder : public nlohmann::json_sax<nlohmann::json> {
+  public:
+    explicit Builder(const Position& position) : position_{position} {}
+
+    bool null() override { return add(Kind::null); }
+    bool boolean(bool value) override { return add(Kind::boolean, value ? 1 : 0); }
+    bool number_integer(number_integer_t value) override { return add(Kind::integer, value); }
+    bool number_unsigned(number_unsigned_t value) override {
+        if (value > INT64_MAX) return add(Kind::otherNumber);
+        return add(Kind::integer, static_cast<std::int64_t>(value));
+    }
+    bool number_float(number_float_t, const string_t&) override { return add(Kind::otherNumber); }
+    bool string(string_t& text) override { return add(Kind::text, 0, toModifiedUtf8(std::move(text))); }
+    bool binary(binary_t&) override { return false; }
+    bool start_object(std::size_t) override { return open(Kind::object); }
+    bool key(string_t& name) override {
+        key_ = toModifiedUtf8(std::move(name));
+        return true;
+    }
+    bool end_object() override {
+        refuseSecondMembers(*open_.back().node);
+        open_.pop_back();
+        return true;
+    }
+    bool start_array(std::size_t) override { return open(Kind::list); }
+    bool end_array() override {
+        open_.pop_back();
+        return true;
+    }
+    bool parse_error(std::size_t, const std::string&, const nlohmann::detail::exception& error) override {
+        const std::string_view text =
+            error.what();  // [json.exception...] parse error at line 3, column 5: ...
+        throw Problem{position_.line, std::string{text.substr(std::min(text.find(": ") + 2, text.size()))}};
+    }
+
+    std::deque<Node> nodes;
+
+  private:
+    struct Open {
+        Node* node;
+        Node* lastChild;
+    };
+
+    bool add(Kind kind, std::int64_t number = 0, std::string text = {}) {
+        nodes.push_back({kind, position_.line, number, std::move(text), std::exchange(key_, {})});
+        if (open_.empty()) return true;
+        auto& [parent, lastChild] = open_.back();
+        (lastChild == nullptr ? parent->firstChild : lastChild->next) = &nodes.back();
+        lastChild = &nodes.back();
+        return true;
+    }
+
+    bool open(Kind kind) {
+        if (open_.size() == depthLimit) throw Problem{position_.line, "is nested too deeply"};
+        add(kind);
+        open_.push_back({&nodes.back(), nullptr});
+        return true;
+    }
+
+    void refuseSecondMembers(const Node& object) {
+        members_.clear();
+        for (const Node* member = object.firstChild; member != nullptr; member = member->next) {
+            members_.push_back(member);
+        }
+        std::sort(members_.begin(), members_.end(),
+                  [](const Node* one, const Node* other) { return one->key < other->key; });
+        const auto second =
+            std::adjacent_find(members_.begin(), members_.end(),
+                               [](const Node* one, const Node* other) { return one->key == other->key; });
+        if (second != members_.end()) {
+            throw Problem{std::max((*second)->line, second[1]->line),
+                          "there are two members " + (*second)->key};
+        }
+    }
+
+    const Position& position_;
+    std::string key_;
+    std::vector<Open> open_;
+    std::vector<const Node*> members_;  // kept for its memory
+};
+
+}  // namespace
+
+std::deque<Node> parse(const std::string& text) {
+    Position begin{text.data()};
+    Position end{text.data() + text.size()};
+    Builder builder{begin};
+    nlohmann::json::sax_parse(Cursor{begin}, Cursor{end}, &builder);
+    return std::move(builder.nodes);
+}
+
+void Text::open(char bracket) {
+    openings_.push_back(text_.size());
+    text_ += bracket;
+}
+
+void Text::close(char bracket) {
+    const std::size_t opening = openings_.back();
+    openings_.pop_back();
+    if (text_.size() > opening + 1) breakLine();
+    text_ += bracket;
+    if (text_.size() - opening > 10 * lineLimit) return;
+    std::string line;
+    for (std::size_t i = opening; i < text_.size(); ++i) {
+        if (text_[i] != '\n') {
+            line += text_[i];
+            continue;
+        }
+        if (text_[i - 1] == ',') line += ' ';
+        while (text_[i + 1] == ' ') ++i;
+    }
+    if (line.size() <= lineLimit) text_.replace(opening, std::string::npos, line);
+}
+
+void Text::beginElement() {
+    if (text_.size() > openings_.back() + 1) text_ += ',';
+    breakLine();
+}
+
+void Text::beginMember(std::string_view name) {
+    beginElement();
+    addQuoted(name);
+    text_ += ": ";
+}
+
+void Text::addQuoted(std::string_view modifiedUtf8) {
+    text_ += '"';
+    for (std::size_t i = 0; i < modifiedUtf8.size();) {
+        const bool isAscii = static_cast<unsigned char>(modifiedUtf8[i]) < 0x80;
+        addCharacter(text_, isAscii ? static_cast<char32_t>(modifiedUtf8[i++]) : takeUnit(modifiedUtf8, i));
+    }
+    text_ += '"';
+}
+
+void Text::breakLine() {
+    text_ += '\n';
+    text_.append(2 * (depth_ + openings_.size()), ' ');
+}
+
+}  // namespace json

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// The appliance's file as text. Inside the appliance texts are modified UTF-8, in the file UTF-8.
+namespace json {
+
+/// Why the file is refused.
+class Problem : public std::runtime_error {
+  public:
+    Problem(int line, std::string cause) : std::runtime_error{cause}, line_{line}, text_{std::move(cause)} {}
+
+    /// Says in which member or element it is: "name" or "[3]".
+    void within(const std::string& step) {
+        text_ = step + (isInside_ ? (text_.front() == '[' ? "" : ".") : ": ") + text_;
+        isInside_ = true;
+    }
+
+    [[nodiscard]] const char* what() const noexcept override { return text_.c_str(); }
+    [[nodiscard]] int line() const { return line_; }
+
+  private:
+    int line_;
+    std::string text_;
+    bool isInside_ = false;
+};
+
+enum class Kind { null, boolean, integer, otherNumber, text, list, object };
+
+/// A value in a document.
+struct Node {
+    Kind kind;
+    int line;
+    std::int64_t number;  ///< of an integer or boolean
+    std::string text;
+    std::string key;  ///< of a member of an object
+    const Node* firstChild = nullptr;
+    const Node* next = nullptr;  ///< in the same list or object
+};
+
+/// The values of a text, the whole one first. No object names a member twice.
+/// @throws Problem  the text is no JSON
+std::deque<Node> parse(const std::string& text);
+
+/// A text that grows. What fits on a line stands on one.
+class Text {
+  public:
+    /// The text of a value that stands `depth` lists and objects deep in the whole one.
+    explicit Text(std::size_t depth) : depth_{depth} {}
+
+    void open(char bracket);
+    void close(char bracket);
+    void beginElement();
+    void beginMember(std::string_view name);
+
+    /// Adds a text in quotes.
+    /// @throws std::invalid_argument  it is not Unicode, and could not be read again
+    void addQuoted(std::string_view modifiedUtf8);
+    void add(std::string_view verbatim) { text_ += verbatim; }
+
+    [[nodiscard]] std::string take() { return std::move(text_); }
+
+  private:
+    void breakLine();
+
+    std::size_t depth_;
+    std::string text_ = {};
+    std::vector<std::size_t> openings_ = {};  // where the open lists and objects begin
+};
+
+}  // namespace json
