@@ -82,6 +82,7 @@ class BridgeTest : public testing::Test {
 
     Outcome keep(const std::string& native, const Outcome& outcome) {
         expectNothingKept(native, outcome);
+        testedNatives().insert(native);
         thrown_ = outcome.exception;
         return outcome;
     }

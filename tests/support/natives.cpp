@@ -119,6 +119,11 @@ const NativeMethod& bridgeNative(const std::string& name) {
     throw std::runtime_error{"no native method " + name};
 }
 
+std::set<std::string>& testedNatives() {
+    static std::set<std::string> names;
+    return names;
+}
+
 std::vector<jvalue> plausibleArguments(const NativeMethod& native) {
     std::vector<jvalue> arguments;
     for (std::size_t i = 0; i < parameterCount(native.signature); ++i) {

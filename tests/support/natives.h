@@ -2,6 +2,7 @@
 
 #include <jni.h>
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,9 @@ const std::vector<NativeMethod>& bridgeNatives();
 
 /// The native method of this name, which no two classes share.
 const NativeMethod& bridgeNative(const std::string& name);
+
+/// The names of those that tests of their own have called, beside the checks that hold for all.
+std::set<std::string>& testedNatives();
 
 /// Arguments of the right types that the native methods accept; local references.
 std::vector<jvalue> plausibleArguments(const NativeMethod& native);
