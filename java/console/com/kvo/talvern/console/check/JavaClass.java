@@ -51,6 +51,9 @@ final class JavaClass {
         }
         readMembers(new LinkedHashMap<>());
         readMembers(methods);
+        if (methods.keySet().stream().anyMatch(method -> method.indexOf('(') < 0)) {
+            throw new IOException("a method without signature");
+        }
     }
 
     /** Texts stand for themselves, classes for the place of the text that is their name. */
