@@ -175,6 +175,20 @@ public final class ElfLibrary {
     }
 
     /**
+     * @return the functions and variables that it takes from others
+     */
+    public Set<String> imports() {
+        Set<String> names = new LinkedHashSet<>();
+        ByteBuffer symbols = section(".dynsym");
+        for (int at = SYMBOL; at + SYMBOL <= symbols.limit(); at += SYMBOL) {
+            if (!isDefined(symbols, at)) {
+                names.add(textAt(section(".dynstr"), symbols.getInt(at)));
+            }
+        }
+        return names;
+    }
+
+    /**
      * @param provider the file name of a library that this one needs
      * @return the functions and variables that the provider must offer: those that are not bound to a
      *     version of another library, as all of the C++ runtime are

@@ -61,6 +61,7 @@ final class PlatformSide {
         if (processor == null || processor.equals(bridge.library().architecture())) {
             loadOthers();
             compareVersions();
+            findOwnRuntimes();
         } else {
             findings.add(new Finding("bridge", "processor", bridge.library().architecture(), null,
                     "this JVM is for " + processor));
@@ -110,6 +111,23 @@ final class PlatformSide {
                                 + ", needed by " + user.library().file())));
             });
         }
+    }
+
+    /**
+     * Code that unwinds the stack, linked in, does not work together with that of the shared C++ runtime, which
+     * the bridge's functions need when an exception passes them.
+     */
+    private void findOwnRuntimes() {
+        loaded.forEach((name, library) -> {
+            Set<String> imports = library.library().imports();
+            boolean unwinds = imports.contains("_dl_find_object") || imports.contains("dl_iterate_phdr");
+            boolean isShared = imports.contains("__cxa_throw") || imports.contains("_Unwind_RaiseException")
+                    || library.library().exports().contains("_Unwind_RaiseException");
+            if (unwinds && !isShared) {
+                findings.add(new Finding("platform", "runtime", name, null, "has its own code for exceptions, which would"
+                        + " end the JVM. Link " + library.library().file() + " without -static-libgcc"));
+            }
+        });
     }
 
     private String party(LibrarySearch library) {
