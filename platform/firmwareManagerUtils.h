@@ -28,8 +28,12 @@ class UpgradeCallback {
     /// not be called with a lock held that an operation of this namespace needs, since the Java code that it
     /// runs may call these. Throws nothing. A thread that Java does not know is made known to it by its first
     /// call, and stays so until it ends.
-    /// Does nothing once the process has begun to end: what was made before the first report may wait in its
-    /// destructor for the threads that report.
+    /// Does nothing once the JVM or the process has begun to end, so that destructors of static objects may
+    /// wait for the threads that report. The JVM's end waits up to five seconds for reports under way. A
+    /// thread whose Java callback takes longer never comes back: nor, if the JVM has no tool interface
+    /// (JVMTI) to announce its end, does one that is in a report then. A Java callback that ends the JVM
+    /// itself, by `System.exit`, ends it on the thread that reports: the destructors run there, and cannot
+    /// wait for that thread.
     virtual void progress(int done, int total, FwUpgradeCode code) = 0;
 };
 

@@ -122,6 +122,7 @@ firmwareManagerUtils::UpgradeCallback* registerCallback(JNIEnv* env, jobject cal
         if (env->GetJavaVM(&vm) == 0) {
             sFwCallback = new FwUpgradeProgressCallback;
             g_vm = vm;
+            watchEndOf(vm);
         }
     }
     if (sJCallback != nullptr) env->DeleteGlobalRef(sJCallback);
@@ -141,7 +142,8 @@ using namespace talvern::bridge;
 
 void FwUpgradeProgressCallback::progress(int done, int total, FwUpgradeCode code) {
     // Before the lock: the JVM may have stopped for ever a thread that holds it.
-    if (processIsEnding()) return;
+    const JvmUse use;
+    if (!use.isAllowed()) return;
     JavaVM* vm = vmOfRegisteredCallback();
     JNIEnv* env = vm == nullptr ? nullptr : attachCurrentThread(vm);
     if (env == nullptr) return;

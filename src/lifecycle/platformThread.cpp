@@ -1,19 +1,35 @@
 #include "lifecycle/platformThread.h"
 
 #include <atomic>
+#include <chrono>
+#include <jvmti.h>
+#include <thread>
 
 namespace talvern::bridge {
 
 namespace {
 
-/// A JVM that has exited blocks every thread that calls it, for ever. Platform threads keep away from it once
-/// the process ends, so that the platform can still wait for them.
-std::atomic<bool> processEnds{false};
+/// How many uses of the JVM are under way; the highest bit says that no more may begin.
+std::atomic<unsigned> uses{0};
+constexpr unsigned endHasBegun = 1U << 31;
+
+/// Several if a callback leads to another report on its own thread.
+thread_local unsigned usesByThisThread = 0;
+
+/// Comes before the JVM stops its threads, and holds its end up.
+void JNICALL onVmDeath(jvmtiEnv*, JNIEnv*) {
+    using std::chrono::steady_clock;
+    uses |= endHasBegun;
+    const auto deadline = steady_clock::now() + std::chrono::seconds{5};
+    while ((uses & ~endHasBegun) > usesByThisThread && steady_clock::now() < deadline) {
+        std::this_thread::sleep_for(std::chrono::milliseconds{1});
+    }
+}
 
 class ExitWatch {
   public:
     ExitWatch() = default;
-    ~ExitWatch() { processEnds = true; }
+    ~ExitWatch() { uses |= endHasBegun; }
     ExitWatch(const ExitWatch&) = delete;
     ExitWatch& operator=(const ExitWatch&) = delete;
     ExitWatch(ExitWatch&&) = delete;
@@ -34,8 +50,9 @@ class Detacher {
     Detacher() = default;
     ~Detacher() {
         threadEnds = true;
+        const JvmUse use;
         // Not attached: the JVM is gone, and an older one would block; or someone else has detached it.
-        if (vm_ != nullptr && !processEnds && isAttached(vm_)) vm_->DetachCurrentThread();
+        if (vm_ != nullptr && use.isAllowed() && isAttached(vm_)) vm_->DetachCurrentThread();
     }
     Detacher(const Detacher&) = delete;
     Detacher& operator=(const Detacher&) = delete;
@@ -52,12 +69,32 @@ thread_local Detacher detacher;
 
 }  // namespace
 
-bool processIsEnding() { return processEnds; }
+JvmUse::JvmUse() noexcept {
+    unsigned now = uses;
+    while ((now & endHasBegun) == 0 && !uses.compare_exchange_weak(now, now + 1)) {}
+    isAllowed_ = (now & endHasBegun) == 0;
+    if (isAllowed_) ++usesByThisThread;
+}
+
+JvmUse::~JvmUse() {
+    if (!isAllowed_) return;
+    --usesByThisThread;
+    --uses;
+}
+
+void watchEndOf(JavaVM* vm) {
+    jvmtiEnv* tools = nullptr;
+    if (vm->GetEnv(reinterpret_cast<void**>(&tools), JVMTI_VERSION_1_1) != JNI_OK) return;
+    jvmtiEventCallbacks callbacks{};
+    callbacks.VMDeath = onVmDeath;
+    tools->SetEventCallbacks(&callbacks, sizeof callbacks);
+    tools->SetEventNotificationMode(JVMTI_ENABLE, JVMTI_EVENT_VM_DEATH, nullptr);
+}
 
 JNIEnv* attachCurrentThread(JavaVM* vm) {
     // Made by the first report: what the platform made before is destroyed after it.
     static const ExitWatch watch;
-    if (processEnds || threadEnds) return nullptr;
+    if (threadEnds) return nullptr;
     const bool wasAttached = isAttached(vm);
     void* env = nullptr;
     vm->AttachCurrentThreadAsDaemon(&env, nullptr);

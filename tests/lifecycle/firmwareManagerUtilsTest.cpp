@@ -333,17 +333,7 @@ TEST_F(FirmwareDeathTest, LetsThreadsEndAfterTheJvm) {
         }
         std::_Exit(0);
     };
-    const auto endProcess = [&] {
-        alarm(60);
-        upgrade(newCallback());
-        static WaitingPlatform platform;
-        platform.reportTo(received);
-        platform::forgetMocks();
-        jclass systemClass = env->FindClass("java/lang/System");
-        env->CallStaticVoidMethod(systemClass, env->GetStaticMethodID(systemClass, "exit", "(I)V"), 0);
-    };
     EXPECT_EXIT(endJvm(), ExitedWithCode(0), "");
-    EXPECT_EXIT(endProcess(), ExitedWithCode(0), "");
 }
 
 }  // namespace
