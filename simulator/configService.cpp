@@ -93,7 +93,7 @@ void require(bool holds, const std::string& field, const std::string& reason) {
 void checkText(const Objects& objects, const ConfigField& field, const Value* value) {
     const auto* simple = dynamic_cast<const SimpleValue*>(value);
     require(simple != nullptr, field.name, "must be a text");
-    require(field.accepts(simple->value), field.name, field.otherwise);
+    require(field.accepts(simple->value), field.name, "must be " + field.accepted);
     require(field.refersTo.empty() || objects.contains({field.refersTo, "", simple->value}), field.name,
             "there is no " + field.refersTo + " " + simple->value);
 }
@@ -316,6 +316,13 @@ Code resetObject(const std::string& type, const std::string& parent, const std::
 Code queryObject(const std::string& type, const std::string& parent, const std::string& name, Value** value) {
     thread_local std::unique_ptr<Value> handedOut;
     handedOut = nullptr;
+    if (type == "TypeDescription") {
+        const ConfigType* described = configType(name);
+        if (described == nullptr) return Code::NOT_FOUND;
+        handedOut = description(*described);
+        *value = handedOut.get();
+        return Code::OK;
+    }
     return readObject({type, parent, name}, [&](const Object& object, const Objects&) {
         handedOut = copyOf(object.value.get());
         *value = handedOut.get();

@@ -1,8 +1,11 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
+
+#include "platform/value.h"
 
 /// One member of a configuration object's value.
 struct ConfigField {
@@ -10,8 +13,9 @@ struct ConfigField {
     bool isRequired;
     bool isList;  ///< of texts; otherwise it is one text
     std::function<bool(const std::string& text)> accepts;
-    std::string otherwise;  ///< why a text is not accepted
-    std::string refersTo;   ///< the type of the object that the text names; empty if it names none
+    std::string accepted;  ///< in words
+    std::string example;
+    std::string refersTo;  ///< the type of the object that the text names; empty if it names none
 };
 
 /// A type of configuration objects.
@@ -27,3 +31,6 @@ const std::vector<ConfigType>& configTypes();
 
 /// The type of this name; null if there is none.
 const ConfigType* configType(const std::string& name);
+
+/// What there is to say about a type, for people.
+std::unique_ptr<talvern::config::Value> description(const ConfigType& type);

@@ -16,6 +16,7 @@ final class ActionCommand extends ConsoleCommand {
     private Output output;
     private boolean takesPassword;
     private String question;
+    private int exitCode = ExitCode.DONE;
     private Iterable<String> candidates;
     private Consumer<ActionCommand> check = command -> {};
 
@@ -174,6 +175,11 @@ final class ActionCommand extends ConsoleCommand {
         Refusal.unless(answer != null && answer.strip().matches("(?i)y(es)?"), "Given up.");
     }
 
+    /** Lets the command end with another code than that of success; for what is no failure of the command. */
+    void endWith(int code) {
+        exitCode = code;
+    }
+
     /** Where the result will be shown; for what has to be shown before. */
     Output output() {
         return output;
@@ -191,6 +197,6 @@ final class ActionCommand extends ConsoleCommand {
         } else if (result != null) {
             output.show(result);
         }
-        return ExitCode.DONE;
+        return exitCode;
     }
 }

@@ -23,6 +23,9 @@ import picocli.CommandLine.UnmatchedArgumentException;
 
 /** The command line over the API. */
 public final class Console implements Callable<Integer> {
+    /** The variables of the environment that the console heeds, and for what. */
+    static final Map<String, String> ENVIRONMENT = new LinkedHashMap<>();
+
     private static final Map<String, Supplier<CommandSpec>> COMMANDS = new LinkedHashMap<>();
 
     static {
@@ -39,6 +42,10 @@ public final class Console implements Callable<Integer> {
         COMMANDS.put("check", () -> new CheckCommand().spec);
         COMMANDS.put("completion", () -> new CompletionCommand().spec);
         COMMANDS.put("help", () -> new HelpCommand().spec);
+        COMMANDS.put("manual", () -> new ManualCommand().spec);
+        ENVIRONMENT.put("JAVA_HOME", "The folder of the Java runtime; without it the first java of the PATH.");
+        ENVIRONMENT.put("LD_LIBRARY_PATH", "Folders in which the platform library is looked for first.");
+        ENVIRONMENT.put("NO_COLOR", "If it is not empty there are no colours.");
     }
 
     private final CommandSpec spec = CommandSpec.wrapWithoutInspection(this).name("talvern-console");
@@ -47,6 +54,7 @@ public final class Console implements Callable<Integer> {
         spec.usageMessage().description("Manages an appliance, and checks an installation.");
         spec.addOption(OptionSpec.builder("-h", "--help").usageHelp(true).description("Show this help.").build());
         spec.addOption(OptionSpec.builder("-V", "--version").versionHelp(true).description("Show the version.").build());
+        spec.usageMessage().exitCodeListHeading("Exit codes:%n").exitCodeList(ExitCode.MEANINGS);
         spec.version("talvern-console " + Console.class.getPackage().getImplementationVersion());
     }
 

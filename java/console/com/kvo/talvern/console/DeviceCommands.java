@@ -22,9 +22,9 @@ final class DeviceCommands extends Group {
     @Override
     void addCommands() {
         change("reboot", "Restarts the appliance.", command ->
-                Refusal.unlessZero(new ProcessManagerUtils().requestReboot())).confirmed(REBOOT);
+                Refusal.unlessZero(new ProcessManagerUtils().requestReboot(), "appliance")).confirmed(REBOOT);
         change("shutdown", "Switches the appliance off.", command ->
-                Refusal.unlessZero(new ProcessManagerUtils().requestShutdown())).confirmed(SHUTDOWN);
+                Refusal.unlessZero(new ProcessManagerUtils().requestShutdown(), "appliance")).confirmed(SHUTDOWN);
         show("reset", "Brings the appliance back to its initial state.", command -> {
             FileError[] errors = new FileError[MOST_ERRORS];
             int status = new ApplianceUtils().deviceRESET(errors);

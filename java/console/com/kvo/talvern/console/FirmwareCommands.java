@@ -17,18 +17,18 @@ final class FirmwareCommands extends Group {
         change("upgrade", "Installs another firmware, and shows how far it has come.", command -> {
             Progress progress = new Progress(command.output());
             Refusal.unlessZero(new FirmwareManagerUtils().upgradeFirmware(command.text("IMAGE"), command.isSet("--force"),
-                    command.isSet("--keep-previous"), progress));
+                    command.isSet("--keep-previous"), progress), "image");
             progress.awaitEnd();
         }).parameter("IMAGE", "The name of the image.")
                 .flag("--force", "Install an image that is not signed with the release keys, too.")
                 .flag("--keep-previous", "Keep the firmware that runs now, to be able to go back to it.");
         change("rollback", "Goes back to the previous firmware.", command ->
-                Refusal.unlessZero(new FirmwareManagerUtils().rollbackFirmware()));
+                Refusal.unlessZero(new FirmwareManagerUtils().rollbackFirmware(), "firmware"));
         change("reflash", "Writes the firmware again.", command ->
-                Refusal.unlessZero(new FirmwareManagerUtils().reflashFirmware(command.text("IMAGE"))))
+                Refusal.unlessZero(new FirmwareManagerUtils().reflashFirmware(command.text("IMAGE")), "image"))
                 .parameter("IMAGE", "The name of the image.").confirmed(REFLASH);
         change("delete-previous", "Deletes the previous firmware, which can't be gone back to any more.", command ->
-                Refusal.unlessZero(new FirmwareManagerUtils().deletePreviousFirmware()));
+                Refusal.unlessZero(new FirmwareManagerUtils().deletePreviousFirmware(), "firmware"));
     }
 
     /** The firmware of the appliance and of its components. */

@@ -16,6 +16,9 @@ import java.util.function.Supplier;
 /** The appliance's network. */
 final class NetCommands extends Group {
     private static final String INTERFACE = "The name of an interface.";
+    /** The number that the appliance gives a network that is ready. */
+    static final int READY = 1;
+
     private static final String HOST = "A host name or an address.";
 
     NetCommands() {
@@ -34,7 +37,7 @@ final class NetCommands extends Group {
         show("name", "Shows or changes the node name.", command -> {
             NodeName node = new NodeName();
             if (command.isSet("--initial")) {
-                Refusal.unlessZero(node.initNodeName());
+                Refusal.unlessZero(node.initNodeName(), "name");
             } else if (command.text("NAME") != null) {
                 Refusal.unless(node.setNodeName(command.text("NAME")), "The appliance refuses this name.");
             }
@@ -74,10 +77,10 @@ final class NetCommands extends Group {
                 }
                 attributes.put(pair.substring(0, end), pair.substring(end + 1));
             }
-            Refusal.unlessZero(new EthernetInterfaces().setEthernetInterface(attributes));
+            Refusal.unlessZero(new EthernetInterfaces().setEthernetInterface(attributes), "interface");
         }).parameter("INTERFACE", INTERFACE).list("KEY=VALUE", "1..*", "An attribute. Those not given stay as they are.");
         change("clear", "Removes the configuration of an interface.", command ->
-                Refusal.unlessZero(new EthernetInterfaces().clearEthernetInterface(command.text("INTERFACE"))))
+                Refusal.unlessZero(new EthernetInterfaces().clearEthernetInterface(command.text("INTERFACE")), "interface"))
                 .parameter("INTERFACE", INTERFACE);
 
         Group addresses = group("vip", "Adds and removes virtual IP addresses.");
@@ -90,7 +93,7 @@ final class NetCommands extends Group {
         addAddress(hardware, "set", "Gives an interface another hardware address.",
                 EthernetInterfaces::setHWAddressImmediate);
         hardware.change("reset", "Gives an interface its built-in hardware address again.", command ->
-                Refusal.unlessZero(new EthernetInterfaces().resetHWAddressImmediate(command.text("INTERFACE"))))
+                Refusal.unlessZero(new EthernetInterfaces().resetHWAddressImmediate(command.text("INTERFACE")), "interface"))
                 .parameter("INTERFACE", INTERFACE);
     }
 
@@ -100,7 +103,8 @@ final class NetCommands extends Group {
 
     private static void addAddress(Group group, String name, String description, AddressChange change) {
         group.change(name, description, command -> Refusal.unlessZero(
-                change.of(new EthernetInterfaces(), command.text("INTERFACE"), command.text("ADDRESS"))))
+                change.of(new EthernetInterfaces(), command.text("INTERFACE"), command.text("ADDRESS")),
+                "interface or address"))
                 .parameter("INTERFACE", INTERFACE).parameter("ADDRESS", "The address.");
     }
 
@@ -154,9 +158,16 @@ final class NetCommands extends Group {
         return table;
     }
 
+    /** What the appliance's number for the state of the network says. */
+    static String words(int networkReady) {
+        return networkReady == READY ? "ready" : networkReady == 2 ? "on the way" : "not ready";
+    }
+
     private void addTests() {
-        show("ready", "Shows the state of the network, a number.", command ->
-                new Fields().and("networkReady", new ApplianceUtils().networkReady()));
+        show("ready", "Shows whether the network is ready: 1 ready, 2 on the way, 3 not ready.", command -> {
+            int state = new ApplianceUtils().networkReady();
+            return new Fields().and("networkReady", state).and("meaning", words(state));
+        });
         show("resolve", "Resolves a host name on the appliance.", command -> {
             String address = new ApplianceUtils().dnsResolve(command.text("HOST"));
             Refusal.unless(!address.isEmpty(), "The host name can't be resolved.");

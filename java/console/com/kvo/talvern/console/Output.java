@@ -70,6 +70,14 @@ final class Output {
         out.flush();
     }
 
+    /** Begins what is shown in place of the last, where there is a terminal; elsewhere below it. */
+    void again(String title) {
+        if (!isJson) {
+            out.print(Terminal.isOutput() ? "\u001b[H\u001b[2J" : "");
+            out.println(heading(title));
+        }
+    }
+
     /** A text that stands for success, in colour if there are colours. */
     String good(String text) {
         return styled(text, Style.bold, Style.fg_green);
@@ -149,7 +157,7 @@ final class Output {
         }
         List<String> columns = table.columns();
         List<List<String>> rows = new ArrayList<>();
-        rows.add(columns.stream().map(name -> table.get(0).title(name)).collect(Collectors.toList()));
+        rows.add(columns.stream().map(table::title).collect(Collectors.toList()));
         for (Fields row : table) {
             rows.add(columns.stream().map(name -> text(row.get(name))).collect(Collectors.toList()));
         }
@@ -227,12 +235,24 @@ final class Output {
             for (int i = 0; i < rest.length; ++i) {
                 int end = end(rest[i], widths[i]);
                 String part = rest[i].substring(0, end);
-                boolean isBad = titles.get(i).equals("OK") && part.equals("no");
-                line.append(" ".repeat(blanks)).append(isBad ? bad(part) : part);
+                String title = i > 0 && titles.get(i).isEmpty() ? texts.get(0) : titles.get(i);
+                line.append(" ".repeat(blanks)).append(title.matches("(?i)ok|state") ? judged(part) : part);
                 rest[i] = rest[i].substring(end).stripLeading();
                 blanks = widths[i] - end + GAP;
             }
             out.println(line.toString().stripTrailing());
+        }
+    }
+
+    /** A text that says how well something is, in the colour of that. */
+    private String judged(String text) {
+        switch (text) {
+            case "OK": return good(text);
+            case "WARNING": return styled(text, Style.bold, Style.fg_yellow);
+            case "no":
+            case "failed":
+            case "FAILED": return bad(text);
+            default: return text;
         }
     }
 

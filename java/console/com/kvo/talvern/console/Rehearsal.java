@@ -19,6 +19,7 @@ final class Rehearsal {
             {"show"},
             {"show", "--json"},
             {"config", "list"},
+            {"config", "types", "LogTarget"},
             {"config", "validate", "ApplicationData", "{\"key\": [\"text\"]}"},
             {"net", "ping", "localhost"},
             {"users", "list"},

@@ -25,10 +25,10 @@ final class ServicesCommands extends Group {
                 Refusal.unless(new SNMPUtils().restartSNMP(), "It does not run now."));
         Group test = group("test", "Tests services.");
         test.change("start", "Runs a test again and again.", command -> Refusal.unlessZero(
-                new ServicesUtils().startTest(command.text("TEST"), command.number("SECONDS"))))
+                new ServicesUtils().startTest(command.text("TEST"), command.number("SECONDS")), "test"))
                 .parameter("TEST", TEST).number("SECONDS", "The time from one run to the next.");
         test.change("stop", "Ends what `start` started.", command -> Refusal.unlessZero(
-                new ServicesUtils().stopTest(command.text("TEST")))).parameter("TEST", TEST);
+                new ServicesUtils().stopTest(command.text("TEST")), "test")).parameter("TEST", TEST);
         test.change("perform", "Runs a test now.", command ->
                 new ServicesUtils().performTest(command.text("TEST"), command.option("--count", 1)))
                 .parameter("TEST", TEST).option("--count", "NUMBER", Integer.class, "How many times; once without it.");

@@ -9,14 +9,17 @@ import com.kvo.talvern.appliance.NTPUtils;
 import com.kvo.talvern.appliance.NodeName;
 import com.kvo.talvern.appliance.RaidPartition;
 import com.kvo.talvern.appliance.RaidVolume;
+import com.kvo.talvern.appliance.Sensor;
 import com.kvo.talvern.appliance.TimeZoneUtils;
 import com.kvo.talvern.processmanager.ProcessManagerUtils;
 import com.kvo.talvern.user.UserUtils;
 import java.time.Instant;
+import java.time.temporal.ChronoUnit;
 import java.util.LinkedHashMap;
 import java.util.List;
 import java.util.Map;
 import java.util.TreeMap;
+import java.util.concurrent.TimeUnit;
 import java.util.function.Supplier;
 
 /** Everything about the appliance, in sections. */
@@ -45,12 +48,30 @@ final class ShowCommand {
                     throw command.usageError("There is no section '" + name + "'" + Nearest.hint(name, SECTIONS.keySet()));
                 }
             }
-            Fields sections = new Fields();
-            for (String name : chosen.isEmpty() ? SECTIONS.keySet() : chosen) {
-                sections.and(name, SECTIONS.get(name).get());
+            Integer seconds = command.option("--watch", null);
+            if (seconds == null) {
+                return sections(command, chosen);
+            } else if (seconds <= 0) {
+                throw command.usageError("--watch takes a number of seconds that is greater than 0.");
             }
-            return sections;
-        }).completedBy(SECTIONS.keySet()).list("SECTION", "0..*", "What to show; everything without it.");
+            while (true) {
+                command.output().again(Instant.now().truncatedTo(ChronoUnit.SECONDS).toString());
+                command.output().show(sections(command, chosen));
+                command.output().flush();
+                TimeUnit.SECONDS.sleep(seconds);
+            }
+        }).completedBy(SECTIONS.keySet()).list("SECTION", "0..*", "What to show; everything without it.")
+                .option("--watch", "SECONDS", Integer.class, "Show it again and again, so many seconds apart.");
+    }
+
+    private static Fields sections(ActionCommand command, List<String> chosen) {
+        Fields sections = new Fields();
+        for (String name : chosen.isEmpty() ? SECTIONS.keySet() : chosen) {
+            sections.and(name, SECTIONS.get(name).get());
+        }
+        boolean isUnhealthy = chosen.contains("health") && !((Fields) sections.get("health")).get("state").equals("OK");
+        command.endWith(isUnhealthy ? ExitCode.UNHEALTHY : ExitCode.DONE);
+        return sections;
     }
 
     private static Fields identity() {
@@ -67,7 +88,8 @@ final class ShowCommand {
     }
 
     private static Fields network() {
-        return new Fields().and("networkReady", new ApplianceUtils().networkReady())
+        int state = new ApplianceUtils().networkReady();
+        return new Fields().and("networkReady", state).and("meaning", NetCommands.words(state))
                 .and("nameServers", new DNSUtils().getNameServers()).and("searchDomains", new DNSUtils().getSearchDomains())
                 .and("timeServers", new NTPUtils().getTimeServers())
                 .and("interfaces", NetCommands.interfaces()).and("hosts", NetCommands.hosts());
@@ -79,8 +101,16 @@ final class ShowCommand {
         return new Fields().and("fans", Table.of(status.getFanStatus(), columns))
                 .and("temperatures", Table.of(status.getTemperatureStatus(), columns))
                 .and("powerSupplies", Table.of(status.getPowerStatus(), columns))
-                .and("voltages", Table.of(status.getVoltageStatus(), "name", "reading", "ok", "minimum", "maximum",
-                        "lowerWarning", "upperWarning"));
+                .and("voltages", voltages(status.getVoltageStatus()));
+    }
+
+    private static Table voltages(Sensor[] sensors) {
+        Table table = Table.of(sensors, "name", "reading", "ok", "minimum mV", "maximum mV", "lowerWarning mV",
+                "upperWarning mV");
+        if (table != null) {
+            table.forEach(row -> row.replaceAll((name, value) -> Double.valueOf(0).equals(value) ? null : value)); // not set
+        }
+        return table;
     }
 
     private static Fields storage() {
@@ -106,13 +136,15 @@ final class ShowCommand {
                 .and("flashUsedMiB", flash == null ? null : flash.getUsed())
                 .and("volumes", volumes).and("partitions", partitions)
                 .and("disks", Table.of(status.getRaidPhysicalDiskStatus(), "deviceName", "product", "serialNumber", "state",
-                        "temperature", "failurePredicted", "size"));
+                        "temperature C", "failurePredicted", "size bytes"));
     }
 
     private static Fields health() {
         HardwareStatusUtils status = new HardwareStatusUtils();
         ProcessManagerUtils processManager = new ProcessManagerUtils();
-        return new Fields().and("uptimeSeconds", status.getUptime())
+        Health health = new Health();
+        return new Fields().and("state", health.state()).and("problems", health.problems())
+                .and("uptimeSeconds", status.getUptime())
                 .and("totalMemoryKiB", memory(status.getTotalMemory()))
                 .and("freeMemoryKiB", memory(status.getFreeMemory()))
                 .and("batteryInstalled", date(status.getBatteryInstallationTime()))

@@ -17,6 +17,7 @@ import java.nio.file.Path;
 import java.util.ArrayList;
 import java.util.List;
 import java.util.Set;
+import java.util.stream.Collectors;
 import org.junit.Before;
 import org.junit.Test;
 
@@ -103,7 +104,7 @@ public class CommandsTest {
             "net hwaddr set lo 02:00:00:00:00:01", "net hosts set bogus name", "net hosts delete 10.9.9.9",
             "net resolve nowhere.invalid", "net ping nowhere.invalid", "net connect localhost 1",
             "config get Bogus main", "config create EthernetInterface eth0 address=10.0.0.1",
-            "config delete LogTarget bogus", "config list Bogus", "config enable LogTarget bogus",
+            "config delete LogTarget bogus", "config list Bogus", "config types Bogus", "config enable LogTarget bogus",
             "users delete nobody", "users key delete admin", "users key add admin bogus key", "capture start eth9 file",
             "capture start eth0 file --max-seconds -1", "capture stop eth0", "capture remove eth0", "firmware rollback",
             "firmware delete-previous", "firmware reflash bogus --yes", "services test start bogus 5",
@@ -126,6 +127,49 @@ public class CommandsTest {
     }
 
     @Test
+    public void refusalsAreInWords() {
+        String[][] refusals = {{"users delete nobody", "There is no such user (status 2)."},
+            {"config create UserGroup administrators role=viewer --replace", "The appliance does not permit this (status 4)."},
+            {"config create UserGroup administrators role=viewer", "The object exists already (status 3)."},
+            {"net hwaddr set lo 02:00:00:00:00:01", "This is not for that type of interface or address (status 7)."},
+            {"config list LogTraget", "There is no type 'LogTraget'; did you mean `LogTarget`? (status 7)"}};
+        for (String[] refusal : refusals) {
+            assertFails(refusal[0], ExitCode.REFUSED);
+            assertEquals("talvern-console: " + refusal[1] + "\n", err.toString());
+        }
+    }
+
+    @Test
+    public void healthSaysWhatIsWrong() {
+        assertEquals(ExitCode.UNHEALTHY, run("show identity health"));
+        assertTrue(out.toString(), out.toString().contains("state  FAILED\n"));
+        assertTrue(out.toString(), out.toString().contains("FAILED   fan 3          reads 1250 rpm\n"));
+        assertEquals(ExitCode.UNHEALTHY, run("show health --json"));
+        Fields health = (Fields) ((Fields) Json.read(out.toString())).get("health");
+        assertEquals("FAILED", health.get("state"));
+        assertEquals(Set.of("state", "part", "problem"), ((Fields) ((List<?>) health.get("problems")).get(0)).keySet());
+        assertEquals(ExitCode.DONE, run("show"));
+        assertFails("show health --watch 0", ExitCode.USAGE);
+    }
+
+    @Test
+    public void typesAreDescribedAsTheApplianceTakesThem() {
+        for (Object type : (List<?>) json("config types").get("types")) {
+            Fields description = json("config types " + type);
+            type(description.get("example").toString().replace("NAME", "example").replace("PARENT", "eth0"));
+            assertEquals(type + ": " + err, ExitCode.DONE, run("run"));
+            List<?> fields = (List<?>) description.get("fields");
+            for (Object left : fields) {
+                String others = fields.stream().filter(field -> field != left).map(field -> (Fields) field)
+                        .map(field -> field.get("name") + "=" + field.get("example")).collect(Collectors.joining(" "));
+                boolean isRequired = ((Fields) left).get("required").equals("true");
+                assertEquals(type + " without " + left, isRequired ? ExitCode.REFUSED : ExitCode.DONE,
+                        run("config validate " + type + " " + (others.isEmpty() ? "{}" : others)));
+            }
+        }
+    }
+
+    @Test
     public void jsonHasStableFields() {
         String[] commands = {
             "show = identity network sensors storage health configuration users captures firmware",
@@ -133,7 +177,7 @@ public class CommandsTest {
             "config get EthernetInterface eth0 = type parent name adminState opState value", "net name = nodeName",
             "net dns = nameServers", "net domains = searchDomains", "net ntp = timeServers",
             "net interfaces = interfaces", "net status agg0 = name kind enabled up details", "net hosts list = hosts",
-            "net ready = networkReady", "net resolve localhost = address", "users list = users",
+            "net ready = networkReady meaning", "net resolve localhost = address", "users list = users",
             "capture list = captures", "capture info eth0 = interfaceName state files",
             "firmware info = releaseKeyed components",
             "services ready = services", "device timezone = timeZone timeZones", "device locale = locale",
