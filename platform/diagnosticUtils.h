@@ -17,7 +17,7 @@ bool tcpConnect(const std::string& host, std::int32_t port, std::string& error);
 /// Whether `host` answers a ping. `output`, what the ping printed, is not looked at.
 bool pingHost(const std::string& host, std::string& output);
 
-/// Whether the network is ready. The states 1 and 2 are the platform's own; Java receives 3 for all others.
+/// Whether the network is ready: 1 if it is, 2 if it is on the way. Java receives 3 for all others.
 std::int32_t networkReady();
 
 }  // namespace talvern::diagnosticUtils

@@ -88,7 +88,7 @@ public class ApplianceUtils {
     /**
      * Sets the clock.
      *
-     * @param time the time in the appliance's own unit
+     * @param time the time in the appliance's own unit; in the simulated appliance seconds since 1970
      * @return whether the clock was set
      */
     public boolean setDateTime(long time) {
@@ -141,7 +141,7 @@ public class ApplianceUtils {
     }
 
     /**
-     * @return the state of the network: 1 or 2 as the appliance says, 3 in any other state
+     * @return whether the network is ready: 1 if it is, 2 if it is on the way, 3 if not
      */
     public int networkReady() {
         return _networkReady();
@@ -159,6 +159,15 @@ public class ApplianceUtils {
 
     /**
      * Brings the appliance back to its initial state: all settings are lost.
+     *
+     * <pre>{@code
+     * FileError[] errors = new FileError[100];
+     * int status = new ApplianceUtils().deviceRESET(errors);
+     * for (int i = 0; i < errors.length && errors[i] != null; i++) {
+     *     System.out.println(errors[i].getFile() + " is as it was");
+     * }
+     * System.out.println(status == 0 ? "reset" : "not all is reset");
+     * }</pre>
      *
      * @param errors receives one entry for each file that could not be reset, from index 0 on, as far as they
      *     fit; further elements stay as they are; not null

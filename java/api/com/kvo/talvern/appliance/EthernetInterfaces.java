@@ -11,6 +11,32 @@ import java.util.Map;
  * <p>The configuration of an interface is a set of attributes, text by text; which there are is the
  * appliance's choice. Methods that return a number return the appliance's status, 0 for success. No argument
  * and no element of an array may be null.
+ *
+ * <p>There are three kinds of interfaces, each with a method of its own for the status, which is null for the other
+ * kinds. Where the kind is not known, ask for one after the other:
+ *
+ * <pre>{@code
+ * EthernetInterfaces interfaces = new EthernetInterfaces();
+ * for (String name : interfaces.getInterfaceNames()) {
+ *     EthernetInterfaceStatus status = interfaces.getEthernetInterfaceStatus(name);
+ *     if (status == null) {
+ *         status = interfaces.getAggregateStatus(name);
+ *     }
+ *     if (status == null) {
+ *         status = interfaces.getVLANStatus(name);
+ *     }
+ *     System.out.println(name + (status != null && status.isUp() ? " is up" : " is down"));
+ * }
+ * }</pre>
+ *
+ * <p>To change some attributes, read all, change these and write all:
+ *
+ * <pre>{@code
+ * EthernetInterfaces interfaces = new EthernetInterfaces();
+ * Map<String, String> attributes = interfaces.getEthernetInterface("eth0");
+ * attributes.put("mtu", "9000");
+ * int status = interfaces.setEthernetInterface(attributes);
+ * }</pre>
  */
 public class EthernetInterfaces {
     private static final NativeLibrary LIBRARY = NativeLibrary.load(EthernetInterfaces.class);

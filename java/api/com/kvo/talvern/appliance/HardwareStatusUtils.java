@@ -10,6 +10,13 @@ import java.util.Map;
  *
  * <p>Each call asks the appliance anew. A list that can't be read or has no entries is null. Every method throws
  * a {@link TalvernException} if the appliance fails.
+ *
+ * <pre>{@code
+ * Sensor[] fans = new HardwareStatusUtils().getFanStatus();
+ * for (Sensor fan : fans == null ? new Sensor[0] : fans) {
+ *     System.out.println(fan.getName() + " " + fan.getReading() + (fan.isOk() ? "" : ", which is wrong"));
+ * }
+ * }</pre>
  */
 public class HardwareStatusUtils {
     /** The configuration service, for {@link #isServiceReady} and {@link #isNetServiceReady}. */

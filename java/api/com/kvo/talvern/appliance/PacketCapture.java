@@ -6,6 +6,15 @@ import java.util.Vector;
 
 /**
  * Captures of the packets on the appliance's network interfaces, at most one per interface.
+ *
+ * <pre>{@code
+ * PacketCapture capture = new PacketCapture();
+ * PacketCapture.kwInterfaceState state = capture.startPacketCapture("eth0", "web.pcap", "tcp port 443", -1, 0, 60, 0);
+ * if (state == PacketCapture.kwInterfaceState.CAPTURING) {
+ *     capture.stopPacketCapture("eth0");
+ *     System.out.println(capture.getCaptureInfo("eth0").getFiles());
+ * }
+ * }</pre>
  */
 public class PacketCapture {
     private static final NativeLibrary LIBRARY = NativeLibrary.load(PacketCapture.class);

@@ -1,7 +1,8 @@
 package com.kvo.talvern.config;
 
 /**
- * What came of a request to the configuration service.
+ * What came of a request to the configuration service. The numbers that other classes return as a status mean
+ * the same, where the appliance has no meaning of its own for them.
  */
 public enum ReturnCode {
     /** It was done. */

@@ -9,6 +9,23 @@ import java.util.List;
  * The configuration service of the appliance: objects of several types, each with a value, an administrative and
  * an operational state.
  *
+ * <pre>{@code
+ * ServiceUtils service = new ServiceUtils();
+ * StructValue value = new StructValue(false);
+ * value.put("host", new SimpleValue("log.example", false));
+ * value.put("port", new SimpleValue("514", false));
+ * try {
+ *     ReturnCode code = service.createObject("LogTarget", null, "main", value, AdminState.ENABLED, false);
+ *     System.out.println(code == ReturnCode.OK ? "created" : "refused: " + code);
+ * } catch (ValidationException e) {
+ *     System.out.println(e.getField() + " is not acceptable: " + e.getMessage());
+ * } catch (ConfigChangeException e) {
+ *     System.out.println("in the way: " + e.getDetails());
+ * }
+ * List<String> names = service.getNamesofObject("LogTarget", null);
+ * System.out.println(names != null ? names : "refused: " + service.getReturnCode());
+ * }</pre>
+ *
  * <p>Three strings identify an object: its type, the name of the object that it belongs to (its parent), and its
  * own name. Null stands for the empty string, which is the parent of an object that belongs to the appliance
  * itself.
@@ -140,6 +157,11 @@ public class ServiceUtils {
     }
 
     /**
+     * Lists the types. Appliances that describe them do so by objects of the type {@code TypeDescription}, which is not
+     * among them: the object with the name of a type has the members {@code accepts}, {@code parentType} (the type
+     * of the parent, if it has one) and {@code fields}, a list of structures with the members {@code name},
+     * {@code required}, {@code accepts} and {@code example}.
+     *
      * @return all types that objects can have
      */
     public List<String> getObjectTypes() {

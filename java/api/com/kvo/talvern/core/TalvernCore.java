@@ -13,7 +13,8 @@ public class TalvernCore {
     }
 
     /**
-     * Starts the appliance's trace log for this process.
+     * Starts the appliance's trace log for this process. Nothing else depends on it: without it, this process
+     * leaves nothing in that log.
      *
      * @param name the name under which this process writes to the log, not null
      * @throws com.kvo.talvern.TalvernException if the log can't be started

@@ -14,6 +14,22 @@ public class FirmwareManagerUtils {
 
     /**
      * Receives the progress of firmware upgrades.
+     *
+     * <p>An upgrade that the appliance refuses, by another status than 0 or an exception, need not be reported. No report
+     * comes once the JVM begins to end, nor, without a word, one whose code has no constant in {@link UpgradeCode}. So
+     * whoever waits for the last report limits the time since the one before:
+     *
+     * <pre>{@code
+     * BlockingQueue<UpgradeCode> reports = new LinkedBlockingQueue<>();
+     * FirmwareManagerUtils firmware = new FirmwareManagerUtils();
+     * if (firmware.upgradeFirmware("talvern-2.1.img", false, true, (done, total, code) -> reports.add(code)) == 0) {
+     *     UpgradeCode code;
+     *     do {
+     *         code = reports.poll(5, TimeUnit.MINUTES);
+     *     } while (code != null && !code.isLast());
+     *     System.out.println(code == null ? "no news for five minutes" : code);
+     * }
+     * }</pre>
      */
     public interface UpgradeCallback {
         /**
@@ -23,7 +39,7 @@ public class FirmwareManagerUtils {
          * the appliance nobody does. Further reports arrive all the same.
          *
          * @param done how much is done
-         * @param total how much there is to do in all
+         * @param total how much there is to do in all; 0 if that is not known yet
          * @param code what is being done
          */
         void progress(int done, int total, UpgradeCode code);
