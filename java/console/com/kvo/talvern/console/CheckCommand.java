@@ -85,6 +85,7 @@ final class CheckCommand extends ConsoleCommand {
         values.put("jars", names(jars));
         values.put("bridge", bridge.getPath());
         values.put("platforms", names(platforms));
+        values.put("appliance", ApplianceFile.name());
         values.put("natives", fit.natives());
         values.put("members", fit.members());
         values.put("operations", fit.operations());
@@ -97,6 +98,8 @@ final class CheckCommand extends ConsoleCommand {
         output.line("Java classes      " + String.join(", ", names(jars)));
         output.line("bridge            " + bridge);
         output.line("platform library  " + (platforms.isEmpty() ? "(none)" : String.join(", ", names(platforms))));
+        output.line("simulated         in " + (ApplianceFile.name() == null ? "memory" : ApplianceFile.name())
+                + "; a real appliance takes no notice");
         output.line("compared          " + fit.natives() + " native methods, " + fit.members()
                 + " classes and methods, " + fit.operations() + " operations");
         output.line("not compared      " + String.join(", ", NOT_COMPARED));

@@ -37,6 +37,7 @@ public final class Console implements Callable<Integer> {
         COMMANDS.put("firmware", () -> new FirmwareCommands().spec);
         COMMANDS.put("services", () -> new ServicesCommands().spec);
         COMMANDS.put("device", () -> new DeviceCommands().spec);
+        COMMANDS.put("simulate", () -> new SimulateCommands().spec);
         COMMANDS.put("call", () -> CallCommand.create().spec);
         COMMANDS.put("run", () -> new RunCommand().spec);
         COMMANDS.put("check", () -> new CheckCommand().spec);
@@ -45,6 +46,8 @@ public final class Console implements Callable<Integer> {
         COMMANDS.put("manual", () -> new ManualCommand().spec);
         ENVIRONMENT.put("JAVA_HOME", "The folder of the Java runtime; without it the first java of the PATH.");
         ENVIRONMENT.put("LD_LIBRARY_PATH", "Folders in which the platform library is looked for first.");
+        ENVIRONMENT.put("TALVERN_APPLIANCE", "The file of the simulated appliance, as --appliance; empty: in memory only.");
+        ENVIRONMENT.put("XDG_STATE_HOME", "The folder of talvern/appliance.json; without it ~/.local/state.");
         ENVIRONMENT.put("NO_COLOR", "If it is not empty there are no colours.");
     }
 
@@ -54,6 +57,9 @@ public final class Console implements Callable<Integer> {
         spec.usageMessage().description("Manages an appliance, and checks an installation.");
         spec.addOption(OptionSpec.builder("-h", "--help").usageHelp(true).description("Show this help.").build());
         spec.addOption(OptionSpec.builder("-V", "--version").versionHelp(true).description("Show the version.").build());
+        spec.addOption(OptionSpec.builder("--appliance").paramLabel("FILE|none").type(String.class).description("Keep the"
+                + " simulated appliance in this file, or in memory only. Without this option, which stands before the"
+                + " command, it is ~/.local/state/talvern/appliance.json.").build());
         spec.usageMessage().exitCodeListHeading("Exit codes:%n").exitCodeList(ExitCode.MEANINGS);
         spec.version("talvern-console " + Console.class.getPackage().getImplementationVersion());
     }
@@ -104,6 +110,9 @@ public final class Console implements Callable<Integer> {
      * @return the exit code
      */
     static int execute(String where, Runnable beforehand, String[] arguments, PrintWriter out, PrintWriter err) {
+        if (arguments.length > 0 && arguments[0].matches("--appliance(=.*)?")) { // the script takes it from the command line
+            return fail(err, where + "--appliance FILE is for the start of the command talvern-console, once.", ExitCode.USAGE);
+        }
         CommandLine commandLine = commandLine(arguments).setOut(out).setErr(err)
                 .setParameterExceptionHandler((e, given) -> explainUsage(where, e))
                 .setExecutionExceptionHandler((e, command, parsed) -> explain(where, e, err))

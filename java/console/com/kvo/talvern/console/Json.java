@@ -7,6 +7,7 @@ import com.fasterxml.jackson.core.JsonProcessingException;
 import com.fasterxml.jackson.core.JsonToken;
 import com.fasterxml.jackson.core.util.DefaultPrettyPrinter;
 import java.io.IOException;
+import java.io.StringWriter;
 import java.io.Writer;
 import java.util.ArrayList;
 import java.util.List;
@@ -17,6 +18,13 @@ final class Json {
     private static final int MOST_LEVELS = 1000;
 
     private Json() {}
+
+    /** A value as {@link #write} writes it. */
+    static String text(Object value) throws IOException {
+        StringWriter text = new StringWriter();
+        write(text, value);
+        return text.toString();
+    }
 
     /** Writes a value of maps, iterables, texts, numbers, truth values and nulls as one document. */
     static void write(Writer writer, Object value) throws IOException {
@@ -51,36 +59,53 @@ final class Json {
      * @throws IllegalArgumentException if it is not exactly one document; the message says why
      */
     static Object read(String document) {
+        return read(document, false);
+    }
+
+    /** As {@link #read}, but numbers and truth values are what they are. */
+    static Object readExactly(String document) {
+        return read(document, true);
+    }
+
+    private static Object read(String document, boolean isExact) {
         try (JsonParser parser = new JsonFactory().enable(JsonParser.Feature.STRICT_DUPLICATE_DETECTION)
                 .createParser(document)) {
-            Object value = read(parser, parser.nextToken(), MOST_LEVELS);
+            Object value = read(parser, parser.nextToken(), MOST_LEVELS, isExact);
             if (parser.nextToken() != null) {
                 throw new IllegalArgumentException("There is something behind the JSON value.");
             }
             return value;
         } catch (JsonProcessingException e) {
-            throw new IllegalArgumentException("Wrong JSON: " + e.getOriginalMessage() + ".", e);
+            String where = e.getLocation() == null ? "" : " in line " + e.getLocation().getLineNr();
+            throw new IllegalArgumentException("Wrong JSON" + where + ": " + e.getOriginalMessage() + ".", e);
         } catch (IOException e) {
             throw new IllegalStateException(e);
         }
     }
 
-    private static Object read(JsonParser parser, JsonToken token, int levels) throws IOException {
+    private static Object read(JsonParser parser, JsonToken token, int levels, boolean isExact) throws IOException {
         if (levels == 0) {
             throw new IllegalArgumentException("The JSON has more than " + MOST_LEVELS + " levels.");
         }
         if (token == JsonToken.START_OBJECT) {
             Fields fields = new Fields();
             while (parser.nextToken() != JsonToken.END_OBJECT) {
-                fields.put(parser.currentName(), read(parser, parser.nextToken(), levels - 1));
+                fields.put(parser.currentName(), read(parser, parser.nextToken(), levels - 1, isExact));
             }
             return fields;
         } else if (token == JsonToken.START_ARRAY) {
             List<Object> list = new ArrayList<>();
             for (JsonToken next = parser.nextToken(); next != JsonToken.END_ARRAY; next = parser.nextToken()) {
-                list.add(read(parser, next, levels - 1));
+                list.add(read(parser, next, levels - 1, isExact));
             }
             return list;
+        }
+        if (isExact && token == JsonToken.VALUE_NUMBER_INT) {
+            return parser.getBigIntegerValue();
+        } else if (isExact && token == JsonToken.VALUE_NUMBER_FLOAT) {
+            return parser.getDecimalValue();
+        } else if (isExact && token.isBoolean()) {
+            return parser.getBooleanValue();
         }
         return token == JsonToken.VALUE_NULL ? null : parser.getText();
     }

@@ -9,15 +9,14 @@ import picocli.CommandLine;
 import picocli.CommandLine.Model.PositionalParamSpec;
 import picocli.CommandLine.ParameterException;
 
-/** Runs several commands in one process, as long as which the simulated appliance keeps what it was told. */
+/** Runs several commands in one process. */
 final class RunCommand extends ConsoleCommand {
     private static final String PROMPT = "talvern> ";
 
     RunCommand() {
-        super("run", "Runs the commands of a file or, without one, those that are typed, a line each, in one process: what"
-                + " one changes on the simulated appliance is there for the next. Words are quoted as in a shell, # starts"
-                + " a comment, `exit` or `quit` ends. So does a command that fails, unless it is typed on a terminal or has"
-                + " a ! before it, which says that the appliance has to refuse it.");
+        super("run", "Runs the commands of a file or, without one, those that are typed, a line each, in one process. Words"
+                + " are quoted as in a shell, # starts a comment, `exit` or `quit` ends. So does a command that fails, unless"
+                + " it is typed on a terminal or has a ! before it, which says that the appliance has to refuse it.");
         spec.addPositional(PositionalParamSpec.builder().paramLabel("FILE").arity("0..1").index("0")
                 .type(Path.class).description("The file.").build());
         addFlag("--echo", "Show each command before its result.");

@@ -202,7 +202,7 @@ public class CommandsTest {
         assertTrue(out.toString().contains("\nclass          com.kvo.talvern.TalvernException "));
         assertEquals(ExitCode.MISMATCH, run("check --json --jar " + otherJar));
         Fields check = (Fields) Json.read(out.toString());
-        assertEquals(Set.of("fits", "jars", "bridge", "platforms", "natives", "members", "operations", "notCompared",
+        assertEquals(Set.of("fits", "jars", "bridge", "platforms", "appliance", "natives", "members", "operations", "notCompared",
                 "findings"), check.keySet());
         assertEquals(Set.of("party", "kind", "name", "symbol", "problem", "header"),
                 ((Fields) ((List<?>) check.get("findings")).get(0)).keySet());
