@@ -13,8 +13,7 @@ namespace {
 constexpr std::size_t depthLimit = 2'100;
 constexpr std::size_t lineLimit = 130;
 
-bool isSurrogate(char32_t unit) { return unit >= 0xD800 && unit <= 0xDFFF; }
-bool isHighSurrogate(char32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
+constexpr char32_t noUnit = 0xFFFFFFFF;
 
 char continuation(char32_t bits) { return static_cast<char>(0x80 | (bits & 0x3F)); }
 
@@ -22,32 +21,43 @@ void addThreeBytes(std::string& text, char32_t unit) {
     text += {static_cast<char>(0xE0 | (unit >> 12)), continuation(unit >> 6), continuation(unit)};
 }
 
-/// Decodes the UTF-16 unit that stands in two or three bytes at `position`, and goes on behind it.
+/// Decodes the UTF-16 unit that stands in two or three bytes at `position`, and goes on behind it. `noUnit`
+/// if there is none.
 char32_t takeUnit(std::string_view text, std::size_t& position) {
-    const auto refuse = [] { throw std::invalid_argument{"a text is not Unicode, and can't be kept"}; };
+    if (position == text.size()) return noUnit;
     const auto first = static_cast<unsigned char>(text[position++]);
     const int following = (first & 0xE0) == 0xC0 ? 1 : (first & 0xF0) == 0xE0 ? 2 : 0;
-    if (following == 0) refuse();
-    char32_t unit = first & (following == 1 ? 0x1F : 0x0F);
+    char32_t unit = following == 0 ? noUnit : first & (following == 1 ? 0x1F : 0x0F);
     for (int i = 0; i < following; ++i) {
-        if (position == text.size() || (text[position] & 0xC0) != 0x80) refuse();
+        if (position == text.size() || (text[position] & 0xC0) != 0x80) return noUnit;
         unit = unit << 6 | (static_cast<unsigned char>(text[position++]) & 0x3F);
     }
-    if (isHighSurrogate(unit) && position < text.size()) {
-        const char32_t low = takeUnit(text, position);
-        if (low < 0xDC00 || low > 0xDFFF) refuse();
-        return 0x10000 + ((unit - 0xD800) << 10) + (low - 0xDC00);
-    }
-    if (isSurrogate(unit)) refuse();
     return unit;
 }
 
+/// Decodes the character that is not ASCII at `position`, and goes on behind it.
+char32_t takeCharacter(std::string_view text, std::size_t& position) {
+    const auto isBetween = [](char32_t unit, char32_t first, char32_t last) {
+        return unit >= first && unit <= last;
+    };
+    char32_t character = takeUnit(text, position);
+    if (isBetween(character, 0xD800, 0xDBFF)) {
+        const char32_t low = takeUnit(text, position);
+        character =
+            isBetween(low, 0xDC00, 0xDFFF) ? 0x10000 + ((character - 0xD800) << 10) + (low - 0xDC00) : noUnit;
+    } else if (isBetween(character, 0xDC00, 0xDFFF)) {
+        character = noUnit;
+    }
+    if (character == noUnit) throw std::invalid_argument{"a text is not Unicode, and can't be kept"};
+    return character;
+}
+
 void addCharacter(std::string& text, char32_t character) {
-    if (character < 0x20 || character == '"' || character == '\\' || character == 0x7F) {
-        char escaped[8];
-        std::snprintf(escaped, sizeof escaped, "\\u%04x", static_cast<unsigned>(character));
-        text += character == '"' || character == '\\' ? std::string{'\\', static_cast<char>(character)}
-                                                      : std::string{escaped};
+    if (character == '"' || character == '\\') {
+        text += {'\\', static_cast<char>(character)};
+    } else if (character < 0x20 || character == 0x7F) {
+        constexpr auto digits = "0123456789abcdef";
+        text += std::string{"\\u00"} + digits[character >> 4] + digits[character & 0xF];
     } else if (character < 0x80) {
         text += static_cast<char>(character);
     } else if (character < 0x800) {
@@ -144,9 +154,11 @@ class Builder : public nlohmann::json_sax<nlohmann::json> {
         return true;
     }
     bool parse_error(std::size_t, const std::string&, const nlohmann::detail::exception& error) override {
-        const std::string_view text =
-            error.what();  // [json.exception...] parse error at line 3, column 5: ...
-        throw Problem{position_.line, std::string{text.substr(std::min(text.find(": ") + 2, text.size()))}};
+        // [json.exception.parse_error.101] parse error at line 3, column 5: syntax error ...
+        std::string_view text = error.what();
+        text.remove_prefix(text.find("] ") + 2);
+        if (text.starts_with("parse error")) text.remove_prefix(text.find(": ") + 2);
+        throw Problem{position_.line, std::string{text}};
     }
 
     std::deque<Node> nodes;
@@ -243,7 +255,8 @@ void Text::addQuoted(std::string_view modifiedUtf8) {
     text_ += '"';
     for (std::size_t i = 0; i < modifiedUtf8.size();) {
         const bool isAscii = static_cast<unsigned char>(modifiedUtf8[i]) < 0x80;
-        addCharacter(text_, isAscii ? static_cast<char32_t>(modifiedUtf8[i++]) : takeUnit(modifiedUtf8, i));
+        addCharacter(text_,
+                     isAscii ? static_cast<char32_t>(modifiedUtf8[i++]) : takeCharacter(modifiedUtf8, i));
     }
     text_ += '"';
 }

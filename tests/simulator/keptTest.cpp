@@ -1,41 +1,110 @@
-// The appliance that is kept in a file.
+// The appliance that is kept in a file. With TALVERN_TEST_SCALE in the environment, the tests that repeat
+// something do so that many times as often.
+#include <chrono>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <gmock/gmock.h>
 #include <iterator>
+#include <random>
+#include <regex>
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
 
+#include "platform/applianceUtils.h"
+#include "platform/configService.h"
+#include "platform/ethernetInterfaces.h"
+#include "platform/firmwareManagerUtils.h"
+#include "platform/hostsUtils.h"
+#include "platform/log.h"
 #include "platform/nodeName.h"
+#include "platform/packetCapture.h"
+#include "platform/servicesUtils.h"
+#include "platform/snmpUtils.h"
+#include "platform/statusUtils.h"
 #include "platform/userManagerUtils.h"
 
 using namespace talvern;
+using config::Service;
+using config::messaging::ConfigChangeException;
+using config::messaging::ValidationException;
+using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::IsSupersetOf;
 using testing::Not;
+namespace files = std::filesystem;
 
 namespace {
 
 const char* const file = std::getenv("TALVERN_APPLIANCE");
 
+int scaled(int count) {
+    const char* scale = std::getenv("TALVERN_TEST_SCALE");
+    return scale == nullptr ? count : count * std::atoi(scale);
+}
+
 std::string fileText() {
+    if (!files::is_regular_file(files::symlink_status(file))) return "";
     std::ifstream in{file};
     return {std::istreambuf_iterator<char>{in}, {}};
 }
 
+/// In place, as editors do.
 void writeFile(const std::string& text) { std::ofstream{file} << text; }
 
+std::string replaced(std::string text, const std::string& from, const std::string& to) {
+    const std::size_t position = text.find(from);
+    if (position == std::string::npos) throw std::runtime_error{"there is no " + from};
+    return text.replace(position, from.size(), to);
+}
+
+/// What the standard exception of `action` says; empty if it throws none.
+std::string refusal(const std::function<void()>& action) {
+    try {
+        action();
+        return "";
+    } catch (const std::exception& exception) {
+        return exception.what();
+    }
+}
+
+/// Runs `action` in a process of its own.
+pid_t start(const std::function<void()>& action) {
+    const pid_t process = fork();
+    if (process == 0) {
+        action();
+        _exit(0);
+    }
+    return process;
+}
+
+int statusOf(pid_t process) {
+    int status = 0;
+    waitpid(process, &status, 0);
+    return status;
+}
+
+class Kept : public testing::Test {
+  public:
+    void SetUp() override { files::remove(file); }
+};
+
 /// All tests of this program start with a factory-new appliance.
-class KeptAppliance : public testing::Environment {
+class FactoryNew : public testing::Environment {
   public:
     void SetUp() override {
-        if (file != nullptr) std::filesystem::remove(file);
+        if (file != nullptr) files::remove(file);
     }
 };
-const testing::Environment* const keptAppliance =
-    testing::AddGlobalTestEnvironment(new KeptAppliance);  // NOLINT: gtest deletes it
+const testing::Environment* const factoryNew =
+    testing::AddGlobalTestEnvironment(new FactoryNew);  // NOLINT: gtest deletes it
 
-TEST(Kept, FileIsItsOwnersAndHoldsNoPassword) {
-    std::filesystem::remove(file);
+TEST_F(Kept, FileIsItsOwnersAndHoldsNoPassword) {
     EXPECT_EQ(userManagerUtils::addUser("operator", "correct horse"), 0);
     struct stat status {};
     ASSERT_EQ(stat(file, &status), 0);
@@ -44,10 +113,412 @@ TEST(Kept, FileIsItsOwnersAndHoldsNoPassword) {
     EXPECT_THAT(fileText(), Not(HasSubstr("correct horse")));
 }
 
-TEST(Kept, FileMayLeaveMostOut) {
-    writeFile(R"({"nodeName": "rack-7"})");
-    EXPECT_EQ(nodeName::get(), "rack-7");
-    EXPECT_THAT(userManagerUtils::listUsers(), testing::ElementsAre("admin"));
+/// An appliance that uses every member of the file.
+std::string richAppliance() {
+    config::SimpleValue text{"old", false};
+    config::SimpleValue newText{"new", true};
+    config::StructValue address{false};
+    address.put("address", std::make_unique<config::SimpleValue>("192.0.2.3", false));
+    Service::createObject("ApplicationData", "", "data", &text, Service::AdminState::DISABLED, false);
+    Service::updateObject("ApplicationData", "", "data", &newText, false);
+    Service::setAdminState("ApplicationData", "", "data", Service::AdminState::ENABLED);
+    Service::setOpState("ApplicationData", "", "data", Service::OpState::PENDING);
+    Service::createObject("VirtualAddress", "eth1", "shared", &address, Service::AdminState::ENABLED, false);
+    ethernetInterfaces::addVIPToInterface("eth1", "10.0.0.91");
+    packetCapture::sStartPacketCapture("eth0", "first.pcap", "", 0, 0, 0, 0, false);
+    servicesUtils::startTest("database", 60);
+    userManagerUtils::sshKeyAdd("admin", "ssh-ed25519 AAAA me@home");
+    const std::string rich = fileText();
+    return replaced(
+        replaced(replaced(rich, "\"unfinished\": null",
+                          R"("unfinished": {"image": "talvern-2.1.img", "stage": "unpacking", "done": 35})"),
+                 "\"previous\": null", R"("previous": {"name": "talvern-1.9.img", "isReleaseKeyed": true})"),
+        "\"faults\": []",
+        R"("faults": [{"operation": "log::init", "outcome": "usual", "text": "t", "delay": 1, "times": 3}])");
+}
+
+TEST_F(Kept, EachMemberIsWrittenAsItIsRead) {
+    const std::string original = richAppliance();
+    const auto packed = [](std::string text) {
+        std::erase_if(text, [](char c) { return c == ' ' || c == '\n'; });
+        const std::string usual = ",\"isBuiltIn\":false";
+        const std::size_t position = text.find(usual);
+        return position == std::string::npos ? text : text.erase(position, usual.size());
+    };
+    const std::regex leaf{R"((true|false|-?[0-9]+|"[^"]*")(?=[,\]}\n]))"};
+    int kept = 0;
+    std::vector<std::string> refusals;
+    for (std::sregex_iterator found{original.begin(), original.end(), leaf}, end; found != end; ++found) {
+        std::string value = found->str();
+        if (value == "true" || value == "false") {
+            value = value == "true" ? "false" : "true";
+        } else {
+            value = value.front() == '"' ? value.insert(1, "1") : std::to_string(std::stoll(value) + 1);
+        }
+        std::string changed = original;
+        changed.replace(static_cast<std::size_t>(found->position()), found->str().size(), value);
+        writeFile(changed);
+        const std::string refused = refusal([] {
+            servicesUtils::startTest("storage", 1);
+            servicesUtils::stopTest("storage");
+        });
+        if (refused.empty()) {
+            ASSERT_EQ(packed(fileText()), packed(changed)) << "after a change of " << found->str();
+            ++kept;
+        } else {
+            EXPECT_EQ(fileText(), changed);
+            refusals.push_back(refused);
+        }
+    }
+    EXPECT_GT(kept, 200);
+    EXPECT_LT(refusals.size(), 60) << testing::PrintToString(refusals);  // names of constants, addresses
+}
+
+TEST_F(Kept, ValuesKeepFlagsKeysAndEveryCharacter) {
+    auto list = std::make_unique<config::ArrayValue>(true);
+    list->add(nullptr);
+    list->add(
+        std::make_unique<config::SimpleValue>("\xED\xA0\xBD\xED\xB8\x80 \xC0\x80 \xC3\xA4 \x01\"\\\n", true));
+    config::StructValue value{true};
+    value.put("@mu", std::move(list));
+    value.put("", std::make_unique<config::StructValue>(true));
+    std::unique_ptr<config::Value> deep;
+    for (int level = 2; level < 1000; ++level) {
+        auto parent = std::make_unique<config::ArrayValue>(true);
+        parent->add(std::move(deep));
+        deep = std::move(parent);
+    }
+    value.put("deep", std::move(deep));
+    EXPECT_EQ(
+        Service::createObject("ApplicationData", "", "data", &value, Service::AdminState::ENABLED, false),
+        Service::ReturnCode::OK);
+    EXPECT_THAT(fileText(), HasSubstr("\xF0\x9F\x98\x80 \\u0000 \xC3\xA4"));
+    writeFile(fileText() + " ");
+    config::Value* found = nullptr;
+    Service::queryObject("ApplicationData", "", "data", &found);
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(found->asXML(), value.asXML());
+
+    for (const char* text : {"\xED\xA0\xBD", "\xED\xB8\x80", "\xF0\x9F\x98\x80", "\xE2\x82", "\x80"}) {
+        const std::string before = fileText();
+        const config::SimpleValue broken{text, false};
+        EXPECT_THAT(refusal([&] { Service::updateObject("ApplicationData", "", "data", &broken, false); }),
+                    HasSubstr("config: a text is not Unicode"));
+        EXPECT_EQ(fileText(), before);
+    }
+}
+
+TEST_F(Kept, WhatCannotBeReadOrWrittenIsRefusedAndStaysAsItIs) {
+    nodeName::get();
+    const std::string good = fileText();
+    const struct {
+        std::function<void()> prepare;
+        const char* problem;  // after the file's name
+    } cases[] = {
+        {[] { writeFile(""); }, ":1: syntax error while parsing"},
+        {[] { writeFile("[]"); }, ":1: must be an object"},
+        {[] { writeFile("{\n\"nodeName\": \"a\",\n}"); }, ":3: syntax error while parsing object key"},
+        {[] { writeFile("{} {}"); }, ":1: syntax error while parsing"},
+        {[] { writeFile("{\"nodeName\": \"\xFF\"}"); }, "invalid string"},
+        {[] { writeFile("{\"nodeName\": \"a\",\n\"snmp\": {},\n\"nodeName\": \"b\"}"); },
+         ":3: there are two members nodeName"},
+        {[] { writeFile(std::string(100'000, '[')); }, ":1: is nested too deeply"},
+        {[] { writeFile("{\n\n\"nodeNames\": \"a\"}"); },
+         ":3: nodeNames: is not known here; known are captures, "},
+        {[] { writeFile("{\"hardware\": {\"fans\": [{},\n{\"sped\": 1}]}}"); },
+         ":2: hardware.fans[1].sped: is not known here; known are name, reading, speed, minimumSpeed, isOk"},
+        {[] { writeFile("{\"hardware\": {\"fans\": [{\"speed\":\n2147483648\n}]}}"); },
+         ":2: hardware.fans[0].speed: must be a whole number from -2147483648 to 2147483647"},
+        {[] { writeFile(R"({"hardware": {"disks": [{"revision": "123456"}]}})"); },
+         ":1: hardware.disks[0].revision: must have at most 5 bytes"},
+        {[] { writeFile(R"({"hardware": {"disks": [{"wear": 128}]}})"); },
+         ":1: hardware.disks[0].wear: must be a whole number from -128 to 127"},
+        {[] { writeFile(R"({"logging": {"level": "loud"}})"); },
+         ":1: logging.level: must be one of emergency, alert"},
+        {[] { writeFile(R"({"hosts": {"db": []}})"); }, ":1: hosts.db: is no address"},
+        {[] { writeFile(R"({"users": [{}]})"); }, ":1: users[0]: name: is missing"},
+        {[] { writeFile(R"({"interfaces": {"a": {"type": "vlan", "configuration": {"parent": "a"}}}})"); },
+         ":1: interfaces.a: configuration: parent must not be a"},
+        {[] { writeFile(R"({"config": [{"type": "Nothing", "name": "a", "value": ""}]})"); },
+         ":1: config[0]: type: is missing or not known"},
+        {[] { writeFile(R"({"config": [{"type": "ApplicationData", "name": "a", "value": 1}]})"); },
+         ":1: config[0].value: must be a text, a list, an object or null"},
+        {[] {
+             writeFile(
+                 R"({"config": [{"type": "LogTarget", "name": "a", "value": {"host": "h", "interface": "x"}}]})");
+         },
+         ":1: config[0]: interface: there is no EthernetInterface x"},
+        {[] { writeFile(R"({"faults": [{"operation": "nodeName::gets"}]})"); },
+         ":1: faults[0]: operation: there is no nodeName::gets"},
+        {[] { chmod(file, S_IRUSR); }, ": is read-only"},
+        {[] {
+             files::remove(file);
+             files::create_directory(file);
+         },
+         ": is no regular file"},
+        {[] {
+             files::remove(file);
+             files::create_symlink(file, file);
+         },
+         ": can't be read: Too many levels of symbolic links"},
+    };
+    for (const auto& [prepare, problem] : cases) {
+        files::remove(file);
+        writeFile(good);
+        prepare();
+        const std::string before = fileText();
+        for (const std::string& refused :
+             {refusal([] { nodeName::get(); }), refusal([] { nodeName::set("rack-8"); }),
+              refusal([] { applianceUtils::isAppliance(); }), refusal([] { log::init("test"); })}) {
+            EXPECT_THAT(refused, testing::StartsWith(file));
+            EXPECT_THAT(refused, HasSubstr(problem));
+        }
+        EXPECT_EQ(fileText(), before);
+    }
+}
+
+TEST_F(Kept, ChangeForWhichThereIsNoRoomLeavesTheFileAsItIs) {
+    EXPECT_EQ(nodeName::set("rack-7"), 0);
+    const std::string before = fileText();
+    const pid_t process = start([] {
+        signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{1000, 1000};
+        setrlimit(RLIMIT_FSIZE, &limit);
+        const std::string refused = refusal([] { nodeName::set("rack-8"); });
+        _exit(refused == std::string{file} + ": can't be written: File too large" &&
+                      nodeName::get() == "rack-7"
+                  ? 0
+                  : 1);
+    });
+    EXPECT_EQ(statusOf(process), 0);
+    EXPECT_EQ(fileText(), before);
+    EXPECT_FALSE(files::exists(std::string{file} + ".new"));
+}
+
+TEST_F(Kept, EditInPlaceIsSeenAtOnceEvenIfNeitherSizeNorTimeTellsIt) {
+    EXPECT_EQ(nodeName::set("rack-0"), 0);
+    for (int i = 0; i < scaled(200); ++i) {
+        const std::string before = "rack-" + std::to_string(i % 10);
+        const std::string after = "rack-" + std::to_string((i + 1) % 10);
+        EXPECT_EQ(nodeName::get(), before);
+        writeFile(replaced(fileText(), before, after));
+        ASSERT_EQ(nodeName::get(), after);
+    }
+}
+
+std::string addressOf(int process, int number) {
+    return "10." + std::to_string(process) + '.' + std::to_string(number / 256) + '.' +
+           std::to_string(number % 256);
+}
+
+TEST_F(Kept, NoChangeOfTwoProcessesIsLost) {
+    const int changes = scaled(150);
+    const auto change = [=](int process) {
+        return start([=] {
+            for (int i = 0; i < changes; ++i) hostsUtils::setHostnames(addressOf(process, i), {"host"});
+        });
+    };
+    const pid_t one = change(1);
+    const pid_t other = change(2);
+    EXPECT_EQ(statusOf(one), 0);
+    EXPECT_EQ(statusOf(other), 0);
+    EXPECT_EQ(hostsUtils::getAddresses().size(), 2U + 2U * static_cast<unsigned>(changes));
+}
+
+TEST_F(Kept, KilledProcessLeavesAWholeFileWithEachAcknowledgedChange) {
+    std::mt19937 random{42};
+    int acknowledgedByAll = 0;
+    for (int round = 0; round < scaled(30); ++round) {
+        if (round % 10 == 0) files::remove(file);  // its creation is interrupted, too
+        int ends[2];
+        ASSERT_EQ(pipe(ends), 0);
+        const pid_t process = start([&] {
+            for (int i = 0;; ++i) {
+                hostsUtils::setHostnames(addressOf(round % 256, i), {"host"});
+                if (write(ends[1], &i, sizeof i) != sizeof i) _exit(1);
+            }
+        });
+        close(ends[1]);
+        std::vector<std::string> acknowledged;
+        const auto readOne = [&] {
+            int i = 0;
+            const bool isThere = read(ends[0], &i, sizeof i) == sizeof i;
+            if (isThere) acknowledged.push_back(addressOf(round % 256, i));
+            return isThere;
+        };
+        for (auto wanted = random() % 10; wanted > 0; --wanted) readOne();
+        std::this_thread::sleep_for(std::chrono::microseconds{random() % 2'000});
+        kill(process, SIGKILL);
+        statusOf(process);
+        while (readOne()) {
+        }
+        close(ends[0]);
+        acknowledgedByAll += static_cast<int>(acknowledged.size());
+        ASSERT_THAT(hostsUtils::getAddresses(), IsSupersetOf(acknowledged)) << "round " << round;
+    }
+    EXPECT_GT(acknowledgedByAll, scaled(60));
+}
+
+TEST_F(Kept, DamagedFileIsReadOrRefusedAndNeverMore) {
+    const std::string good = richAppliance();
+    const std::vector<std::string> tokens{"null",
+                                          "true",
+                                          "{}",
+                                          "[]",
+                                          "\"\"",
+                                          "-1",
+                                          "0.5",
+                                          "1e999",
+                                          "99999999999999999999",
+                                          "\"\\ud800\"",
+                                          "\"x\"",
+                                          ",",
+                                          "}",
+                                          "]",
+                                          "[[[",
+                                          "\"@mu\"",
+                                          std::string(3000, '['),
+                                          std::string(1, '\0'),
+                                          "\xC0\x80"};
+    const std::regex token{R"("[^"]*"|true|false|null|-?[0-9]+|[\[\]{},:])"};
+    std::vector<std::pair<std::size_t, std::size_t>> places;
+    for (std::sregex_iterator found{good.begin(), good.end(), token}, end; found != end; ++found) {
+        places.emplace_back(found->position(), found->length());
+    }
+    std::mt19937 random{7};
+    const auto any = [&](std::size_t count) { return random() % count; };
+    int refused = 0;
+    const int damages = scaled(400);
+    for (int i = 0; i < damages; ++i) {
+        std::string text = good;
+        const auto [position, length] = places[any(places.size())];
+        const auto [otherPosition, otherLength] = places[any(places.size())];
+        const std::function<void()> ways[]{
+            [&] { text.resize(any(text.size())); },
+            [&] { text[any(text.size())] = static_cast<char>(any(256)); },
+            [&] {
+                text.erase(text.rfind('\n', position),
+                           text.find('\n', position) - text.rfind('\n', position));
+            },
+            [&] { text.insert(position, good.substr(otherPosition, any(400))); },
+            [&] { text.replace(position, length, tokens[any(tokens.size())]); },
+            [&] { text.replace(position, length, good.substr(otherPosition, otherLength)); },
+        };
+        ways[any(std::size(ways))]();
+        writeFile(text);
+        // All of the memory is read and written; a text that was accepted is one that is accepted again.
+        const std::string problem = refusal([] { snmpUtils::restartSNMP(); });
+        if (problem.empty()) {
+            const std::string rewritten = fileText();
+            writeFile(rewritten + ' ');
+            EXPECT_EQ(refusal([] {
+                          std::vector<applianceUtils::ComponentFirmware> components;
+                          std::vector<statusUtils::DiskSnapShot*> disks;
+                          std::vector<types::KeyValPair*> interfaces;
+                          std::vector<statusUtils::CPUUsage> usage;
+                          applianceUtils::getComponentInfo(components);
+                          applianceUtils::getDateTime();
+                          statusUtils::getRaidPhysDiskStatus(disks);
+                          statusUtils::getCPUUsage(usage);
+                          ethernetInterfaces::getInterfaces(interfaces);
+                          for (const auto* interface : interfaces) {
+                              ethernetInterfaces::getVLANStatus(interface->pairs.at("name"));
+                          }
+                          try {
+                              Service::deleteObject("EthernetInterface", "", "eth1");
+                          } catch (const ConfigChangeException&) {
+                          }
+                      }),
+                      "")
+                << text;
+        } else {
+            EXPECT_THAT(problem, testing::StartsWith(file));
+            EXPECT_EQ(fileText(), text);
+            ++refused;
+        }
+    }
+    EXPECT_GT(refused, damages / 2);
+    EXPECT_LT(refused, damages - damages / 20);
+}
+
+TEST_F(Kept, FaultsDecideAboutTheNextCalls) {
+    const auto prepare = [](const std::string& faults) { writeFile("{\"faults\": [" + faults + "]}"); };
+    prepare(R"({"operation": "nodeName::get", "outcome": "exception", "text": "full", "times": 2},
+               {"operation": "nodeName::get", "outcome": "failure", "times": 1},
+               {"operation": "nodeName::set", "outcome": "failure"})");
+    EXPECT_EQ(refusal([] { nodeName::get(); }), "full");
+    EXPECT_EQ(nodeName::set("rack-7"), -1);
+    EXPECT_EQ(refusal([] { nodeName::get(); }), "full");
+    EXPECT_EQ(nodeName::get(), "");
+    EXPECT_EQ(nodeName::get(), "talvern");
+    EXPECT_EQ(nodeName::set("rack-7"), -1);
+    EXPECT_THAT(fileText(),
+                HasSubstr("\"faults\": [{\"operation\": \"nodeName::set\", \"outcome\": \"failure\""));
+
+    prepare(R"({"operation": "hostsUtils::getAddresses", "outcome": "validation", "text": "t"},
+               {"operation": "snmpUtils::startSNMP", "outcome": "change", "text": "t"},
+               {"operation": "snmpUtils::stopSNMP", "outcome": "unknown"},
+               {"operation": "config::Service::deleteObject", "outcome": "failure"},
+               {"operation": "packetCapture::sGetCaptureInfo", "outcome": "failure"},
+               {"operation": "ethernetInterfaces::getInterface", "outcome": "failure"},
+               {"operation": "applianceUtils::triggerException", "outcome": "failure"},
+               {"operation": "statusUtils::getUptime", "delay": 20})");
+    EXPECT_THROW(hostsUtils::getAddresses(), ValidationException);
+    EXPECT_THROW(snmpUtils::startSNMP(), ConfigChangeException);
+    EXPECT_THROW(snmpUtils::stopSNMP(), int);
+    EXPECT_EQ(Service::deleteObject("", "", ""), Service::ReturnCode::FAILED);
+    EXPECT_EQ(packetCapture::sGetCaptureInfo("eth0").state, packetCapture::failed);
+    EXPECT_EQ(ethernetInterfaces::getInterface("eth0"), nullptr);
+    applianceUtils::triggerException("does nothing");
+    const auto before = std::chrono::steady_clock::now();
+    EXPECT_GT(statusUtils::getUptime(), 0);
+    EXPECT_GE(std::chrono::steady_clock::now() - before, std::chrono::milliseconds{20});
+}
+
+std::string installed() {
+    std::vector<applianceUtils::ComponentFirmware> components;
+    applianceUtils::getComponentInfo(components);
+    std::string texts;
+    for (std::size_t i = 4; i < components.size(); ++i) texts += components[i].firmware + '\n';
+    return texts;
+}
+
+/// Waits until the firmware is like this; what it is after some time at the latest.
+std::string installedOnce(const std::function<bool(const std::string&)>& condition) {
+    for (int i = 0; i < 1000 && !condition(installed()); ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds{10});
+    return installed();
+}
+
+TEST_F(Kept, UpgradeThatDiesIsShownAndGoneBackFromByAnotherProcess) {
+    using namespace firmwareManagerUtils;
+    constexpr int busy = 5;
+    const auto upgradeInProcess = [] {
+        return start([] {
+            upgrade("talvern-2.1.img", false, true, nullptr);
+            std::this_thread::sleep_for(std::chrono::minutes{1});
+        });
+    };
+    const auto contains = [](const char* part) {
+        return [=](const std::string& text) { return text.find(part) != std::string::npos; };
+    };
+    pid_t process = upgradeInProcess();
+    EXPECT_THAT(installedOnce(contains("unpacking")),
+                HasSubstr("2.0.img\nfirmware talvern-2.1.img, incomplete: "));
+    EXPECT_EQ(upgrade("talvern-2.2-beta.img", true, true, nullptr), busy);
+    EXPECT_EQ(rollback(), busy);
+    EXPECT_EQ(reflash("talvern-2.0.img"), busy);
+    kill(process, SIGKILL);
+    statusOf(process);
+    EXPECT_THAT(installed(), HasSubstr("firmware talvern-2.0.img\nfirmware talvern-2.1.img, incomplete: "));
+
+    process = upgradeInProcess();
+    EXPECT_EQ(installedOnce([](const std::string& text) { return text == "firmware talvern-2.1.img\n"; }),
+              "firmware talvern-2.1.img\n");
+    kill(process, SIGKILL);
+    statusOf(process);
+    EXPECT_EQ(rollback(), 0);
+    EXPECT_EQ(installed(), "firmware talvern-2.0.img\n");
 }
 
 }  // namespace
