@@ -11,6 +11,8 @@ import com.kvo.talvern.internal.Requirements.Member;
 import java.io.File;
 import java.io.FileOutputStream;
 import java.io.IOException;
+import java.nio.ByteBuffer;
+import java.nio.ByteOrder;
 import java.nio.charset.StandardCharsets;
 import java.nio.file.Files;
 import java.util.Arrays;
@@ -42,6 +44,8 @@ public class FitTest {
     private static final File JAR = new File(BUILD, "talvern-api.jar");
     private static final File BRIDGE = new File(BUILD, "libtalvernjni.so");
     private static final File PLATFORM = new File(BUILD, Fit.PLATFORM);
+
+    private static final int NEEDED_VERSIONS = 0x6ffffffe;
 
     @ClassRule
     public static final TemporaryFolder FOLDER = new TemporaryFolder();
@@ -165,7 +169,7 @@ public class FitTest {
         assertEquals("platform library libother+.so.6", names(compare(List.of(JAR), BRIDGE, needy)));
     }
 
-    @Test
+    @Test(timeout = 300_000) // some damages are circles
     public void namesDamagedFiles() throws IOException {
         byte[] platform = Files.readAllBytes(PLATFORM.toPath());
         for (File damaged : List.of(file(Arrays.copyOf(platform, 9999)), file(withByte(platform, 0, 0)))) {
@@ -178,13 +182,25 @@ public class FitTest {
         File listless = replaced(BRIDGE, "throwable com/", "thrown    com/");
         assertEquals("bridge file " + listless, names(compare(List.of(JAR), listless, PLATFORM)));
 
+        ByteBuffer circle = ByteBuffer.wrap(Files.readAllBytes(BRIDGE.toPath())).order(ByteOrder.LITTLE_ENDIAN);
+        int header = (int) circle.getLong(40);
+        while (circle.getInt(header + 4) != NEEDED_VERSIONS) {
+            header += 64;
+        }
+        int first = (int) circle.getLong(header + 24);
+        int next = circle.getInt(first + 12);
+        circle.putInt(first + next + 12, -next);
+        File circular = file(circle.array());
+        assertEquals("bridge file " + circular, names(compare(List.of(JAR), circular, PLATFORM)));
+
         ClassNode ownParent = read("com/kvo/talvern/TalvernException");
         ownParent.superName = ownParent.name;
         File jar = jar(Map.of(ownParent.name + ".class", write(ownParent)));
         assertEquals("jar exception com.kvo.talvern.TalvernException", names(compareJars(jar, JAR)).split("\n")[0]);
         ClassNode shapeless = read("com/kvo/talvern/TalvernException");
         shapeless.methods.add(new MethodNode(Opcodes.ACC_NATIVE, "_shapeless", "Z", null, null));
-        for (byte[] content : List.of(write(shapeless), new byte[1 << 25])) {
+        byte[] huge = Arrays.copyOf(write(read("com/kvo/talvern/TalvernException")), 1 << 25);
+        for (byte[] content : List.of(write(shapeless), huge)) {
             jar = jar(Map.of("com/kvo/talvern/Damaged.class", content));
             assertEquals("jar file " + jar, names(compareJars(jar, JAR)));
         }
