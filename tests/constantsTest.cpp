@@ -49,4 +49,13 @@ TEST_F(ConstantsTest, EachNumberIsItsConstantAndAnUnknownOneAnError) {
     expectConstants({"UNKNOWN", "INTACT", "OPENED"}, -1, {"", ""}, "_getIntrusionStatus");
 }
 
+TEST_F(ConstantsTest, ALevelThatCannotBeReadIsAnUnknownException) {
+    EXPECT_CALL(mockOfTrace(), Call(3, "Unknown exception caught in libtalvern JNI")).Times(2);
+    for (const int status : {1, -1}) {
+        platform::answer<&processManagerUtils::getPlatformLogLevel>([&](auto&) { return status; });
+        EXPECT_EQ(ask("_getPlatformLogLevel"), "null");
+        EXPECT_EQ(takeThrown(), "com.kvo.talvern.TalvernException: Unknown native exception");
+    }
+}
+
 }  // namespace

@@ -229,4 +229,11 @@ TEST_F(PassingOnTest, UsersCapturesAndServices) {
     passesOn<&servicesUtils::performTest>("_performTest", dropped, "A", 7);
 }
 
+TEST_F(PassingOnTest, NoCaptureWithANegativeLimit) {
+    for (const auto& [bytes, seconds, packets] : {std::tuple{-1, 0, 0}, {0, -1, 0}, {0, 0, INT_MIN}}) {
+        EXPECT_EQ(ask("_startPacketCapture", "A", "B", "C", 0, bytes, seconds, packets), "INVALID_ARGUMENTS");
+    }
+    EXPECT_EQ(platform::operationCount(), 0U);
+}
+
 }  // namespace

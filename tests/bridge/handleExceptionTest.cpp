@@ -91,12 +91,12 @@ TEST_F(HandleExceptionTest, SaysThatItHasThrownNothingWhereTheJvmFails) {
         EXPECT_EQ(takeException(env), error);
     };
     const auto validation = [&] { return handle(ofValidation, ValidationException{"a", "b"}); };
-    expectNothing(2, validation, missing + "config/ValidationException");
-    expectNothing(3, validation, "java.lang.NoSuchMethodError: <init>");
-    expectNothing(4, validation, "java.lang.OutOfMemoryError: planted");  // a text
-    expectNothing(6, validation, "java.lang.OutOfMemoryError: planted");  // the exception
+    expectNothing(3, validation, missing + "config/ValidationException");
+    expectNothing(4, validation, "java.lang.NoSuchMethodError: <init>");
+    expectNothing(5, validation, "java.lang.OutOfMemoryError: planted");  // a text
+    expectNothing(7, validation, "java.lang.OutOfMemoryError: planted");  // the exception
     const auto standard = [&] { return handle(ofStandard, std::runtime_error{"text"}); };
-    expectNothing(2, standard, missing + "TalvernException");
+    expectNothing(3, standard, missing + "TalvernException");
 }
 
 }  // namespace

@@ -54,27 +54,6 @@ TEST_F(ServiceUtilsTest, AnswersANullValueItselfAndPassesNullForAValueOfUnknownK
     EXPECT_EQ(request("_validateObject", "type", unknown()).resultText, "IN_USE");
 }
 
-TEST_F(ServiceUtilsTest, StoresTheCodeThenReleasesThenConvertsTheCode) {
-    const auto get = "GetStringUTFChars", store = "CallVoidMethodA", release = "ReleaseStringUTFChars",
-               convert = "CallStaticObjectMethodA", read = "CallBooleanMethodA";
-    const Texts steps{get, store, release, convert};
-    const auto change = ElementsAre(get, get, get, convert, store, release, release, release, convert);
-    askFor("_deleteObject");
-    EXPECT_THAT(callsOf(steps), change);
-    askFor("_updateObject", jobject{}, true);
-    EXPECT_THAT(callsOf(steps), change);
-    askFor("_getOpState");
-    EXPECT_THAT(callsOf(steps), change);
-    askFor("_updateObject", nested(1), true);
-    EXPECT_THAT(callsOf(steps),
-                ElementsAre(get, get, get, get, release, convert, store, release, release, release, convert));
-    request("_getNamesofObject", "type", "parent");
-    EXPECT_THAT(callsOf(steps), ElementsAre(get, get, convert, store, release, release));
-    askFor("_queryObject");
-    EXPECT_THAT(callsOf({store, release, read}),
-                ElementsAre(store, read, read, read, release, release, release));
-}
-
 TEST_F(ServiceUtilsTest, GivesTheQueriedTreeWhateverTheCode) {
     EXPECT_CALL(mockOf<&config::Service::queryObject>(), Call("type", "parent", "name", _))
         .WillOnce(DoAll([&](auto&, auto&, auto&, auto** tree) { *tree = platform::sampleTree(); },
@@ -116,13 +95,11 @@ TEST_F(ServiceUtilsTest, ReadsAStateOnlyIfThereIsOne) {
     EXPECT_EQ(code(), "BUSY");
 }
 
-TEST_F(ServiceUtilsTest, TakesAStateByItsNumberAfterTheStrings) {
+TEST_F(ServiceUtilsTest, TakesAStateByItsNumber) {
     jobject state = newObject("com/kvo/talvern/testing/Numbered");
     EXPECT_CALL(mockOf<&config::Service::setOpState>(), Call("type", "parent", "name", Service::OpState{4}))
         .WillOnce(Return(Code::FAILED));
     EXPECT_EQ(askFor("_setOpState", state), "FAILED");
-    const auto get = "GetStringUTFChars", number = "CallIntMethodA";
-    EXPECT_THAT(callsOf({get, number}), ElementsAre(get, get, get, number));
     EXPECT_CALL(mockOf<&config::Service::setAdminState>(),
                 Call("type", "parent", "name", Service::AdminState{4}))
         .WillOnce(Return(Code::OK));

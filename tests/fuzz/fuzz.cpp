@@ -7,7 +7,6 @@
 
 #include "bridge/signature.h"
 #include "platform/configService.h"
-#include "platform/ethernetInterfaces.h"
 #include "platform/nodeName.h"
 #include "support/jvm.h"
 #include "support/natives.h"
@@ -67,16 +66,6 @@ jobject anyTree(FuzzedDataProvider& data, int levels) {
     return value;
 }
 
-void text(FuzzedDataProvider& data) {
-    std::string name;
-    ON_CALL(mockOf<&nodeName::set>(), Call)
-        .WillByDefault(testing::DoAll(testing::SaveArg<0>(&name), testing::Return(0)));
-    ON_CALL(mockOf<&nodeName::get>(), Call).WillByDefault([&] { return name; });
-    jstring in = anyText(data);
-    require(invoke(bridgeNative("_setNodeName"), {toJvalue(in)}).exception.empty(), "refused");
-    require(areEqual(in, invoke(bridgeNative("_getNodeName"), {}).result.l), "another text");
-}
-
 void bytesOfThePlatform(FuzzedDataProvider& data) {
     const std::string bytes = data.ConsumeRandomLengthString();
     ON_CALL(mockOf<&nodeName::get>(), Call).WillByDefault(testing::Return(bytes));
@@ -105,34 +94,6 @@ void tree(FuzzedDataProvider& data) {
     require(areEqual(in, invoke(bridgeNative("_queryObject"), id).result.l), "another tree");
 }
 
-void attributes(FuzzedDataProvider& data) {
-    types::KeyValPair kept;
-    ON_CALL(mockOf<&ethernetInterfaces::setInterface>(), Call).WillByDefault([&](auto& attributes) {
-        kept = attributes;
-        return 0;
-    });
-    ON_CALL(mockOf<&ethernetInterfaces::getInterface>(), Call).WillByDefault([&](const auto&) {
-        return &kept;
-    });
-    const jsize size = data.ConsumeIntegralInRange(0, 20);
-    jclass strings = env->FindClass("java/lang/String");
-    jobjectArray keys = env->NewObjectArray(size, strings, nullptr);
-    jobjectArray values = env->NewObjectArray(size, strings, nullptr);
-    jobject expected = newObject("java/util/HashMap", "()V");
-    jmethodID put = env->GetMethodID(env->GetObjectClass(expected), "put",
-                                     "(Ljava/lang/Object;Ljava/lang/Object;)Ljava/lang/Object;");
-    for (jsize i = 0; i < size; ++i) {
-        jstring key = anyText(data);
-        jstring value = anyText(data);
-        env->SetObjectArrayElement(keys, i, key);
-        env->SetObjectArrayElement(values, i, value);
-        env->CallObjectMethod(expected, put, key, value);
-    }
-    invoke(bridgeNative("_setEthernetInterface"), {toJvalue(keys), toJvalue(values)});
-    const Outcome outcome = invoke(bridgeNative("_getEthernetInterface"), {toJvalue(javaString("eth0"))});
-    require(areEqual(expected, outcome.result.l), "other attributes");
-}
-
 }  // namespace
 
 extern "C" const char* __asan_default_options();
@@ -152,7 +113,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     const LocalFrame frame;
     FuzzedDataProvider data{bytes, size};
-    data.PickValueInArray({&text, &bytesOfThePlatform, &tree, &attributes})(data);
+    data.PickValueInArray({&bytesOfThePlatform, &tree})(data);
     platform::forgetMocks();
     return 0;
 }

@@ -88,10 +88,9 @@ class FirmwareTest : public BridgeTest {
 };
 
 TEST_F(FirmwareTest, TakesAnyByteButZeroForATrueFlag) {
-    for (const auto& [first, second] : {std::pair<jboolean, jboolean>{0, 1}, {2, 0}, {0, 128}}) {
-        EXPECT_CALL(mockOf<&firmwareManagerUtils::upgrade>(),
-                    Call("image", first != 0, second != 0, nullptr));
-        call("_upgradeFirmware", "image", first, second, jobject{});
+    for (const auto& [force, keep] : {std::pair<jboolean, jboolean>{0, 1}, {2, 0}, {0, 128}}) {
+        EXPECT_CALL(mockOf<&firmwareManagerUtils::upgrade>(), Call("image", force != 0, keep != 0, nullptr));
+        call("_upgradeFirmware", "image", force, keep, jobject{});
     }
 }
 
@@ -141,23 +140,40 @@ TEST_F(FirmwareTest, KeepsOneNativeCallbackAndTheLatestJavaCallback) {
     EXPECT_EQ(describe(first) + describe(second), "[][40/100 WRITING]");
 }
 
-TEST_F(FirmwareTest, DropsReportsThatNobodyCanReceive) {
+TEST_F(FirmwareTest, DropsReportsThatCannotBeMade) {
     jobject callback = newCallback();
     upgrade(callback);
-    JavaVM* const realVm = std::exchange(vm, nullptr);
-    onPlatformThread([&] { report(1); });
-
+    JavaVM* const realVm = vm;
+    jobject reference = registered;
+    jobject text = env->NewGlobalRef(javaString("no callback"));
     JNIInvokeInterface_ functions{};  // calling any of them would crash
     JavaVM unreachable{&functions};
-    vm = &unreachable;
-    jobject reference = std::exchange(registered, nullptr);
-    onPlatformThread([&] { report(1); });
-
-    registered = reference;
-    functions.GetEnv = [](JavaVM*, void**, jint) { return JNI_EDETACHED; };
-    functions.AttachCurrentThreadAsDaemon = [](JavaVM*, void**, void*) { return JNI_ERR; };
-    onPlatformThread([&] { report(1); });
-    vm = realVm;
+    const std::function<void()> reasons[] = {
+        [&] { vm = nullptr; },
+        [&] {
+            vm = &unreachable;
+            registered = nullptr;
+        },
+        [&] {
+            vm = &unreachable;
+            functions.GetEnv = [](JavaVM*, void**, jint) { return JNI_EDETACHED; };
+            functions.AttachCurrentThreadAsDaemon = [](JavaVM*, void**, void*) { return JNI_ERR; };
+        },
+        [&] { registered = text; },
+    };
+    for (const auto& [where, run] : bothKindsOfThread) {
+        for (const auto& reason : reasons) {
+            reason();
+            run([&] { report(1); });
+            vm = realVm;
+            registered = reference;
+        }
+        run([&] {
+            for (const int code : {-1, 5, INT_MIN, INT_MAX}) report(1, FwUpgradeCode{code});
+            EXPECT_EQ(takeException(javaEnv()), "") << where;
+        });
+    }
+    env->DeleteGlobalRef(text);
     EXPECT_EQ(describe(callback), "[]");
 }
 
@@ -203,21 +219,6 @@ TEST_F(FirmwareTest, FindsTheClassesThatOnlyTheCallbackKnows) {
     EXPECT_EQ(describe(callback), "[2/2 WRITING, 2/2 WRITING]");
 }
 
-TEST_F(FirmwareTest, DropsReportsThatJavaCannotTake) {
-    jobject callback = newCallback();
-    for (jobject listener : {callback, static_cast<jobject>(javaString("no callback"))}) {
-        upgrade(listener);
-        for (const auto& [where, run] : bothKindsOfThread) {
-            SCOPED_TRACE(where);
-            run([&] {
-                for (const int code : {-1, 5, INT_MAX}) report(1, FwUpgradeCode{code});
-                EXPECT_EQ(takeException(javaEnv()), "");
-            });
-        }
-    }
-    EXPECT_EQ(describe(callback), "[]");
-}
-
 TEST_F(FirmwareTest, DropsAReportWhenAnyCallFails) {
     for (const char* hidden : {"", callbackInterface}) {
         jobject callback = newCallback();
@@ -240,6 +241,48 @@ TEST_F(FirmwareTest, DropsAReportWhenAnyCallFails) {
         }
         EXPECT_EQ(describe(callback), "[1/2 VERIFYING]") << "only the first";
     }
+}
+
+TEST_F(FirmwareTest, LeavesNoThreadAndNoReferenceBehind) {
+    const auto threadCount = [&] {
+        jclass threadClass = env->FindClass("java/lang/Thread");
+        jmethodID activeCount = env->GetStaticMethodID(threadClass, "activeCount", "()I");
+        return env->CallStaticIntMethod(threadClass, activeCount);
+    };
+    struct LastWord {
+        std::function<void()> say;
+        ~LastWord() { say(); }
+    };
+    const jint threadsBefore = threadCount();
+    jweak first = nullptr;
+    {
+        const LocalFrame frame;
+        jobject callback = newCallback();
+        first = env->NewWeakGlobalRef(callback);
+        upgrade(callback);
+        onPlatformThread([&] { report(1); });
+        onPlatformThread([&] {
+            thread_local LastWord last{[&] { report(2); }};  // comes after all that this report has set up
+            report(1);
+        });
+        EXPECT_THAT(describe(callback), testing::StartsWith("[1/2 VERIFYING, 1/2 VERIFYING"));
+        EXPECT_EQ(threadCount(), threadsBefore);
+    }
+    // The local references of a thread live until it ends.
+    std::binary_semaphore hasReported{0}, mayEnd{0};
+    std::thread longLived{[&] {
+        report(1);
+        hasReported.release();
+        mayEnd.acquire();
+    }};
+    hasReported.acquire();
+    upgrade(newCallback());
+    jclass systemClass = env->FindClass("java/lang/System");
+    env->CallStaticVoidMethod(systemClass, env->GetStaticMethodID(systemClass, "gc", "()V"));
+    EXPECT_TRUE(env->IsSameObject(first, nullptr)) << "somebody still refers to the first callback";
+    mayEnd.release();
+    longLived.join();
+    EXPECT_EQ(threadCount(), threadsBefore);
 }
 
 /// A platform that waits for its thread when it is destroyed. The thread reports once before and once after
@@ -265,59 +308,6 @@ class WaitingPlatform {
     std::binary_semaphore hasReported_{0}, mayEnd_{0};
     std::thread thread_;
 };
-
-TEST_F(FirmwareTest, LeavesNothingBehind) {
-    const auto threadCount = [&] {
-        jclass threadClass = env->FindClass("java/lang/Thread");
-        jmethodID activeCount = env->GetStaticMethodID(threadClass, "activeCount", "()I");
-        return env->CallStaticIntMethod(threadClass, activeCount);
-    };
-    const jint threadsBefore = threadCount();
-    struct LastWord {
-        std::function<void()> say;
-        ~LastWord() { say(); }
-    };
-    upgrade(newCallback());
-    onPlatformThread([&] { report(1); });
-    onPlatformThread([&] {
-        thread_local LastWord last{[&] { report(2); }};  // comes after all that this report has set up
-        report(1);
-    });
-    EXPECT_EQ(threadCount(), threadsBefore);
-
-    // One platform thread for all upgrades, whose local references live until it ends, and one for each.
-    std::binary_semaphore reportIsDue{0}, reportIsMade{0};
-    bool isOver = false;
-    std::thread longLived{[&] {
-        for (reportIsDue.acquire(); !isOver; reportIsDue.acquire()) {
-            report(1);
-            reportIsMade.release();
-        }
-    }};
-    std::vector<jweak> callbacks;
-    for (int i = 0; i < 1000; ++i) {
-        const LocalFrame frame;
-        jobject callback = newCallback();
-        callbacks.push_back(env->NewWeakGlobalRef(callback));
-        upgrade(callback);
-        reportIsDue.release();
-        reportIsMade.acquire();
-        onPlatformThread([&] { report(2); });
-        EXPECT_EQ(describe(callback), "[1/2 VERIFYING, 2/2 VERIFYING]");
-    }
-    EXPECT_EQ(threadCount(), threadsBefore + 1);
-    jclass systemClass = env->FindClass("java/lang/System");
-    env->CallStaticVoidMethod(systemClass, env->GetStaticMethodID(systemClass, "gc", "()V"));
-    EXPECT_EQ(
-        std::count_if(callbacks.begin(), callbacks.end(),
-                      [&](jweak callback) { return env->IsSameObject(callback, nullptr) == JNI_FALSE; }),
-        1)
-        << "the one that is registered";
-    isOver = true;
-    reportIsDue.release();
-    longLived.join();
-    EXPECT_EQ(threadCount(), threadsBefore);
-}
 
 using FirmwareDeathTest = FirmwareTest;
 

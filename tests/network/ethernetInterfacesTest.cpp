@@ -16,9 +16,6 @@ const std::string ours = "com.kvo.talvern.TalvernException: ";
 
 class EthernetInterfacesTest : public BridgeTest {
   protected:
-    /// How many classes and members were looked up so far.
-    auto lookups() { return callsOf({"FindClass", "GetMethodID"}).size(); }
-
     KeyValPair eth0{{{"mtu", "1500"}, {"name", "eth0"}}};
     KeyValPair eth1{{{"name", "eth1"}}};
     InterfaceStatus status;
@@ -36,38 +33,9 @@ TEST_F(EthernetInterfacesTest, GivesTheNamesAndTakesNullForNone) {
 
 TEST_F(EthernetInterfacesTest, GivesEachInterfaceItsMap) {
     KeyValPair empty;
-    for (const auto& [list, text] : {std::pair{std::vector<KeyValPair*>{}, "[]"},
-                                     {{&eth1, &empty, &eth0}, "[{name=eth1}, {}, {name=eth0, mtu=1500}]"}}) {
-        table.restart();
-        EXPECT_CALL(mockOf<&ethernetInterfaces::getInterfaces>(), Call(IsEmpty()))
-            .WillOnce([&, list = list](auto& filled) {
-                EXPECT_EQ(lookups(), 0) << "the platform is asked first";
-                filled = list;
-                return true;
-            });
-        const Outcome outcome = call("_getEthernetInterfaces");
-        EXPECT_EQ(outcome.resultText, text);
-        EXPECT_TRUE(env->IsInstanceOf(outcome.result.l, env->FindClass("[Ljava/util/HashMap;")));
-        EXPECT_EQ(lookups(), 3);
-    }
-}
-
-TEST_F(EthernetInterfacesTest, LooksUpAllThatItNeedsBeforeItAsksForOneInterface) {
-    std::size_t before = 0;
-    EXPECT_CALL(mockOf<&ethernetInterfaces::getInterface>(), Call("eth0")).WillOnce([&] {
-        before = lookups();
-        EXPECT_STREQ(table.calls().back().function, "NewObjectA");
-        return &eth0;
-    });
-    EXPECT_EQ(ask("_getEthernetInterface", "eth0"), "{name=eth0, mtu=1500}");
-    EXPECT_EQ(before, lookups());
-
-    EXPECT_CALL(mockOf<&ethernetInterfaces::getInterfaceStatus>(), Call("eth0")).WillOnce([&] {
-        before = lookups();
-        return &status;
-    });
-    call("_getEthernetInterfaceStatus", "eth0");
-    EXPECT_EQ(before, lookups());
+    expectRead<&ethernetInterfaces::getInterfaces>("_getEthernetInterfaces",
+                                                   std::vector<KeyValPair*>{&eth1, &empty, &eth0},
+                                                   "[{name=eth1}, {}, {name=eth0, mtu=1500}]", "[]");
 }
 
 TEST_F(EthernetInterfacesTest, NamesTheNullRecordOfAList) {

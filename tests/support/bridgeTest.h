@@ -27,13 +27,13 @@ class BridgeTest : public testing::Test {
     /// raises is kept for `takeThrown`.
     template <typename... Arguments>
     Outcome call(const std::string& native, const Arguments&... arguments) {
-        return keep(native, invoke(bridgeNative(native), {toArgument(arguments)...}));
+        return keep(bridgeNative(native), invoke(bridgeNative(native), {toArgument(arguments)...}));
     }
 
     /// The same on a receiver that the test gives.
     template <typename... Arguments>
     Outcome callOn(jobject receiver, const std::string& native, const Arguments&... arguments) {
-        return keep(native, invoke(bridgeNative(native), receiver, {toArgument(arguments)...}));
+        return keep(bridgeNative(native), invoke(bridgeNative(native), receiver, {toArgument(arguments)...}));
     }
 
     /// The result of the same as text.
@@ -54,10 +54,26 @@ class BridgeTest : public testing::Test {
         return names;
     }
 
-    /// A native method has given back all buffers and all memory, but for the callback of the first upgrade.
-    void expectNothingKept(const std::string& native, const Outcome& outcome) {
-        EXPECT_THAT(table.takeComplaints(), testing::IsEmpty()) << native;
-        EXPECT_LE(outcome.kept, native == "_upgradeFirmware" ? 1 : 0) << native;
+    /// What must hold after each call: the result is of the class that it must be of, and all buffers and all
+    /// memory are given back, but for the callback of the first upgrade.
+    void expectSound(const NativeMethod& native, const Outcome& outcome) {
+        EXPECT_THAT(table.takeComplaints(), testing::IsEmpty()) << native.name;
+        EXPECT_LE(outcome.kept, native.name == "_upgradeFirmware" ? 1 : 0) << native.name;
+        std::string type{talvern::bridge::resultType(native.signature)};
+        if (type.front() == 'L') type = type.substr(1, type.size() - 2);
+        if (type.size() == 1 || outcome.result.l == nullptr) return;
+        EXPECT_TRUE(env->IsInstanceOf(outcome.result.l, env->FindClass(type.c_str()))) << native.name;
+    }
+
+    /// An operation hands out `list`, of which Java sees `seen`; otherwise it has none, or fails.
+    template <auto Operation, typename List>
+    void expectRead(const std::string& native, const List& list, const std::string& seen,
+                    const std::string& seenOfNone = "null", const std::string& seenOfFailure = "null") {
+        for (const auto& [handedOut, wasRead, expected] :
+             {std::tuple{list, true, seen}, {List{}, true, seenOfNone}, {list, false, seenOfFailure}}) {
+            EXPECT_CALL(mockOf<Operation>(), Call(testing::IsEmpty())).WillOnce(deliver(handedOut, wasRead));
+            EXPECT_EQ(ask(native), expected) << native;
+        }
     }
 
     JNIEnv* env;
@@ -80,9 +96,9 @@ class BridgeTest : public testing::Test {
         }
     }
 
-    Outcome keep(const std::string& native, const Outcome& outcome) {
-        expectNothingKept(native, outcome);
-        testedNatives().insert(native);
+    Outcome keep(const NativeMethod& native, const Outcome& outcome) {
+        expectSound(native, outcome);
+        testedNatives().insert(native.name);
         thrown_ = outcome.exception;
         return outcome;
     }

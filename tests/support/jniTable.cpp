@@ -6,6 +6,7 @@
 #include <link.h>
 #include <set>
 #include <string_view>
+#include <tuple>
 #include <type_traits>
 #include <utility>
 
@@ -32,30 +33,47 @@ void raise(JNIEnv* env, const char* className, const char* message) {
 
 std::string nameOf(JNIEnv* env, jclass javaClass) {
     if (javaClass == nullptr || original->ExceptionCheck(env) == JNI_TRUE) return "?";
-    jclass metaClass = original->GetObjectClass(env, javaClass);
-    jmethodID getName = original->GetMethodID(env, metaClass, "getName", "()Ljava/lang/String;");
+    original->PushLocalFrame(env, 10);
+    jmethodID getName = original->GetMethodID(env, original->GetObjectClass(env, javaClass), "getName",
+                                              "()Ljava/lang/String;");
     auto* name = static_cast<jstring>(original->CallObjectMethodA(env, javaClass, getName, nullptr));
     original->ExceptionCheck(env);  // lest -Xcheck:jni blames the bridge for this call
     const char* chars = original->GetStringUTFChars(env, name, nullptr);
     std::string text{chars};
     original->ReleaseStringUTFChars(env, name, chars);
+    original->PopLocalFrame(env, nullptr);
     return text;
 }
 
 /// Notes what the bridge needs of a class of the Java side. A class of the tests stands for the one that it
 /// extends.
 void record(JNIEnv* env, const char* kind, jclass javaClass, const std::string& member) {
-    if (original->ExceptionCheck(env) == JNI_TRUE) return;
-    original->PushLocalFrame(env, 10);
     std::string name = nameOf(env, javaClass);
     while (name.starts_with("com.kvo.talvern.testing.")) {
         javaClass = original->GetSuperclass(env, javaClass);
         name = nameOf(env, javaClass);
     }
-    original->PopLocalFrame(env, nullptr);
     if (!name.starts_with("com.kvo.talvern.")) return;
     std::replace(name.begin(), name.end(), '.', '/');
     requirements.insert(std::string{kind} + " " + name + member);
+}
+
+using Functions = JNINativeInterface_;
+
+template <auto Slot>
+struct Is {
+    template <auto... Others>
+    static constexpr bool oneOf = (std::is_same_v<Is<Slot>, Is<Others>> || ...);
+};
+
+/// The name of a function of the table, which stands behind the last colon of this function's own.
+template <auto Slot>
+const char* functionName() {
+    static const std::string name = [text = std::string{__PRETTY_FUNCTION__}] {
+        const std::size_t begin = text.rfind(':') + 1;
+        return text.substr(begin, text.find_first_of(";]", begin) - begin);
+    }();
+    return name.c_str();
 }
 
 template <auto Slot, bool CanFail>
@@ -63,127 +81,82 @@ struct Hook;
 
 /// One function of the table: passes the call on unless it is to fail. Not all can: the JVM gives something
 /// back, answers a question or throws whatever else has failed.
-template <typename Result, typename... Arguments,
-          Result (JNICALL* JNINativeInterface_::*Slot)(JNIEnv*, Arguments...), bool CanFail>
+template <typename Result, typename... Arguments, Result (JNICALL* Functions::*Slot)(JNIEnv*, Arguments...),
+          bool CanFail>
 struct Hook<Slot, CanFail> {
-    static inline const char* name = nullptr;
+    template <auto... Others>
+    static constexpr bool is = Is<Slot>::template oneOf<Others...>;
+    static constexpr bool isLookup = is<&Functions::GetMethodID, &Functions::GetStaticMethodID>;
 
     static Result JNICALL call(JNIEnv* env, Arguments... arguments) {
-        if (isWatched(__builtin_return_address(0))) {
-            if (current->mustFail(name, {}, CanFail)) {
-                if (!JniTable::failsSilently(name)) raise(env, current->failure(), "planted");
+        if (!isWatched(__builtin_return_address(0))) return (original->*Slot)(env, arguments...);
+        const UncountedAllocations uncounted;
+        const char* function = functionName<Slot>();
+        [[maybe_unused]] const std::tuple given{arguments...};
+        std::string detail;
+        if constexpr (is<&Functions::FindClass>) detail = std::get<0>(given);
+        if constexpr (isLookup) {
+            detail = nameOf(env, std::get<0>(given)) + "." + std::get<1>(given) + " " + std::get<2>(given);
+        }
+        if (current->mustFail(function, detail, CanFail)) {
+            if constexpr (is<&Functions::FindClass>) {
+                raise(env, "java/lang/NoClassDefFoundError", std::get<0>(given));
+            } else if constexpr (isLookup) {
+                raise(env, "java/lang/NoSuchMethodError", std::get<1>(given));
+            } else if (!JniTable::failsSilently(function)) {
+                raise(env, current->failure(), "planted");
+            }
+            if constexpr (std::is_same_v<Result, jint>) {
+                return JNI_ERR;
+            } else {
                 return Result();
             }
-            if constexpr (std::is_same_v<Result, jobject>) {
-                if (jobject answer = current->takeAnswer(name)) return answer;
-            }
         }
-        return (original->*Slot)(env, arguments...);
+        if constexpr (is<&Functions::ThrowNew>) {
+            record(env, "throwable", std::get<0>(given), {});
+            record(env, "method", std::get<0>(given), " <init> (Ljava/lang/String;)V");
+        } else if constexpr (is<&Functions::Throw>) {
+            record(env, "throwable", original->GetObjectClass(env, std::get<0>(given)), {});
+        } else if constexpr (is<&Functions::ReleaseStringUTFChars>) {
+            if (!current->given(std::get<1>(given))) return;
+        } else if constexpr (std::is_same_v<Result, jobject>) {
+            if (jobject answer = current->takeAnswer(function)) return answer;
+        }
+        if constexpr (std::is_void_v<Result>) {
+            (original->*Slot)(env, arguments...);
+        } else {
+            Result result = (original->*Slot)(env, arguments...);
+            if constexpr (is<&Functions::FindClass>) record(env, "class", result, {});
+            if constexpr (isLookup) {
+                const char* kind = is<&Functions::GetMethodID> ? "method" : "static";
+                if (result != nullptr) {
+                    record(env, kind, std::get<0>(given),
+                           std::string{" "} + std::get<1>(given) + " " + std::get<2>(given));
+                }
+            }
+            if constexpr (is<&Functions::GetStringUTFChars>) {
+                if (result != nullptr) current->taken(result);
+            }
+            return result;
+        }
     }
 };
 
-/// A function that says by a status that it failed.
-template <auto Slot, typename Argument>
-jint JNICALL hookedStatus(JNIEnv* env, Argument argument) {
-    const char* function = std::is_same_v<Argument, JavaVM**> ? "GetJavaVM" : "PushLocalFrame";
-    if (isWatched(__builtin_return_address(0)) && current->mustFail(function, {})) return JNI_ERR;
-    return (original->*Slot)(env, argument);
+template <bool CanFail, auto... Slots>
+void hook(Functions& table) {
+    ((table.*Slots = Hook<Slots, CanFail>::call), ...);
 }
 
-jclass JNICALL hookedFindClass(JNIEnv* env, const char* name) {
-    const UncountedAllocations uncounted;
-    if (isWatched(__builtin_return_address(0)) && current->mustFail("FindClass", name)) {
-        raise(env, "java/lang/NoClassDefFoundError", name);
-        return nullptr;
-    }
-    jclass javaClass = original->FindClass(env, name);
-    if (isWatched(__builtin_return_address(0))) record(env, "class", javaClass, {});
-    return javaClass;
-}
-
-template <auto Slot>
-jmethodID JNICALL hookedLookup(JNIEnv* env, jclass javaClass, const char* name, const char* signature) {
-    const UncountedAllocations uncounted;
-    constexpr bool isStatic = Slot == &JNINativeInterface_::GetStaticMethodID;
-    const bool watched = isWatched(__builtin_return_address(0));
-    const std::string member = std::string{name} + " " + signature;
-    if (watched && current->mustFail(isStatic ? "GetStaticMethodID" : "GetMethodID",
-                                     nameOf(env, javaClass) + "." + member)) {
-        raise(env, "java/lang/NoSuchMethodError", name);
-        return nullptr;
-    }
-    jmethodID id = (original->*Slot)(env, javaClass, name, signature);
-    if (watched && id != nullptr) record(env, isStatic ? "static" : "method", javaClass, " " + member);
-    return id;
-}
-
-jint JNICALL hookedThrowNew(JNIEnv* env, jclass javaClass, const char* message) {
-    const UncountedAllocations uncounted;
-    if (isWatched(__builtin_return_address(0))) {
-        current->mustFail("ThrowNew", {}, false);
-        record(env, "throwable", javaClass, {});
-        record(env, "method", javaClass, " <init> (Ljava/lang/String;)V");
-    }
-    return original->ThrowNew(env, javaClass, message);
-}
-
-jint JNICALL hookedThrow(JNIEnv* env, jthrowable exception) {
-    const UncountedAllocations uncounted;
-    if (isWatched(__builtin_return_address(0))) {
-        current->mustFail("Throw", {}, false);
-        record(env, "throwable", original->GetObjectClass(env, exception), {});
-    }
-    return original->Throw(env, exception);
-}
-
-const char* JNICALL hookedGetStringUTFChars(JNIEnv* env, jstring string, jboolean* isCopy) {
-    const bool watched = isWatched(__builtin_return_address(0));
-    if (watched && current->mustFail("GetStringUTFChars", {})) return nullptr;
-    const char* chars = original->GetStringUTFChars(env, string, isCopy);
-    if (watched && chars != nullptr) current->taken(chars);
-    return chars;
-}
-
-void JNICALL hookedReleaseStringUTFChars(JNIEnv* env, jstring string, const char* chars) {
-    const bool watched = isWatched(__builtin_return_address(0));
-    if (watched) current->mustFail("ReleaseStringUTFChars", {}, false);
-    if (!watched || current->given(chars)) original->ReleaseStringUTFChars(env, string, chars);
-}
-
-const JNINativeInterface_* hookedTable() {
-    static JNINativeInterface_ table = *original;
-#define HOOK(canFail, function)                                      \
-    Hook<&JNINativeInterface_::function, canFail>::name = #function; \
-    table.function = Hook<&JNINativeInterface_::function, canFail>::call
-    HOOK(true, NewObjectA);
-    HOOK(true, CallObjectMethodA);
-    HOOK(true, CallBooleanMethodA);
-    HOOK(true, CallIntMethodA);
-    HOOK(true, CallStaticObjectMethodA);
-    HOOK(true, NewStringUTF);
-    HOOK(true, NewObjectArray);
-    HOOK(true, CallVoidMethodA);
-    HOOK(true, SetObjectArrayElement);
-    HOOK(true, NewGlobalRef);
-    HOOK(false, GetArrayLength);
-    HOOK(false, GetObjectArrayElement);
-    HOOK(false, GetObjectClass);
-    HOOK(false, IsInstanceOf);
-    HOOK(false, ExceptionDescribe);
-    HOOK(false, ExceptionClear);
-    HOOK(false, ExceptionCheck);
-    HOOK(false, DeleteGlobalRef);
-    HOOK(false, PopLocalFrame);
-#undef HOOK
-    table.GetJavaVM = hookedStatus<&JNINativeInterface_::GetJavaVM>;
-    table.PushLocalFrame = hookedStatus<&JNINativeInterface_::PushLocalFrame>;
-    table.FindClass = hookedFindClass;
-    table.ThrowNew = hookedThrowNew;
-    table.Throw = hookedThrow;
-    table.GetMethodID = hookedLookup<&JNINativeInterface_::GetMethodID>;
-    table.GetStaticMethodID = hookedLookup<&JNINativeInterface_::GetStaticMethodID>;
-    table.GetStringUTFChars = hookedGetStringUTFChars;
-    table.ReleaseStringUTFChars = hookedReleaseStringUTFChars;
+const Functions* hookedTable() {
+    static Functions table = *original;
+    using F = Functions;
+    hook<true, &F::FindClass, &F::GetMethodID, &F::GetStaticMethodID, &F::NewObjectA, &F::CallObjectMethodA,
+         &F::CallBooleanMethodA, &F::CallIntMethodA, &F::CallVoidMethodA, &F::CallStaticObjectMethodA,
+         &F::NewStringUTF, &F::GetStringUTFChars, &F::NewObjectArray, &F::SetObjectArrayElement,
+         &F::NewGlobalRef, &F::PushLocalFrame, &F::GetJavaVM>(table);
+    hook<false, &F::ReleaseStringUTFChars, &F::GetArrayLength, &F::GetObjectArrayElement, &F::GetObjectClass,
+         &F::IsInstanceOf, &F::ExceptionDescribe, &F::ExceptionClear, &F::ExceptionCheck, &F::ThrowNew,
+         &F::Throw, &F::DeleteGlobalRef, &F::PopLocalFrame>(table);
     return &table;
 }
 
@@ -216,7 +189,10 @@ void JniTable::restart() {
     failure_ = "java/lang/OutOfMemoryError";
 }
 
+void JniTable::note(const char* event) { calls_.push_back({event, {}, false}); }
+
 void JniTable::platformCalled() {
+    note("platform");
     for (Buffer& buffer : out_) buffer.wasHeldOverPlatformCall = true;
 }
 
@@ -228,7 +204,8 @@ std::vector<std::string> JniTable::takeComplaints() {
 }
 
 bool JniTable::failsSilently(std::string_view function) {
-    return function == "GetStringUTFChars" || function == "NewGlobalRef";
+    return function == "GetStringUTFChars" || function == "NewGlobalRef" || function == "GetJavaVM" ||
+           function == "PushLocalFrame";
 }
 
 bool JniTable::mustFail(const char* function, std::string detail, bool canFail) {

@@ -50,7 +50,10 @@ class JniTable {
     /// Whether the JVM raises no exception when memory runs out in this function.
     static bool failsSilently(std::string_view function);
 
-    /// Notes which buffers are out while the platform runs: these must come back in the order taken.
+    /// Puts something else that happens among the calls.
+    void note(const char* event);
+
+    /// Notes that the platform runs, and which buffers are out: these must come back in the order taken.
     void platformCalled();
 
     /// What is wrong with the buffers: not given back, given back twice, in another order than taken. Starts

@@ -58,7 +58,9 @@ template <typename... Arguments>
 jobject callMethod(jobject object, const char* method, const char* signature, Arguments... arguments) {
     JNIEnv* env = javaEnv();
     jmethodID id = env->GetMethodID(env->GetObjectClass(object), method, signature);
-    return env->CallObjectMethod(object, id, arguments...);
+    jobject result = env->CallObjectMethod(object, id, arguments...);
+    env->ExceptionCheck();  // lest -Xcheck:jni writes a report
+    return result;
 }
 
 /// The object that a static method of the Java class returns.
@@ -68,5 +70,7 @@ jobject callStatic(const std::string& className, const char* method, const std::
     JNIEnv* env = javaEnv();
     jclass javaClass = env->FindClass(className.c_str());
     jmethodID id = env->GetStaticMethodID(javaClass, method, signature.c_str());
-    return env->CallStaticObjectMethod(javaClass, id, arguments...);
+    jobject result = env->CallStaticObjectMethod(javaClass, id, arguments...);
+    env->ExceptionCheck();
+    return result;
 }

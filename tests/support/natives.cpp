@@ -78,10 +78,11 @@ std::vector<NativeMethod> list(const std::string& jar, const char* folder, const
 }
 
 /// An object of the class that a signature names as "Lname;".
-jobject plausibleObject(const std::string& type) {
+jobject plausibleObject(const std::string& type, std::size_t index) {
     JNIEnv* env = javaEnv();
-    if (type == "Ljava/lang/String;") return javaString("text");
-    if (type == "[Ljava/lang/String;") return javaStrings({"first", "second"});
+    const std::string ofParameter = " of " + std::to_string(index);
+    if (type == "Ljava/lang/String;") return javaString("text" + ofParameter);
+    if (type == "[Ljava/lang/String;") return javaStrings({"first" + ofParameter, "second" + ofParameter});
     if (type.front() == '[') {
         return env->NewObjectArray(5, env->FindClass(type.substr(2, type.size() - 3).c_str()), nullptr);
     }
@@ -100,7 +101,7 @@ jobject plausibleObject(const std::string& type) {
 /// renders.
 jobject receiverOf(const NativeMethod& native) {
     if (native.className == "com/kvo/talvern/config/Value")
-        return plausibleObject("L" + native.className + ";");
+        return plausibleObject("L" + native.className + ";", 0);
     return javaEnv()->AllocObject(native.javaClass);
 }
 
@@ -131,7 +132,7 @@ std::vector<jvalue> plausibleArguments(const NativeMethod& native) {
         arguments.push_back(type == "Z"   ? toJvalue(true)
                             : type == "I" ? toJvalue(jint{1})
                             : type == "J" ? toJvalue(jlong{1})
-                                          : toJvalue(plausibleObject(type)));
+                                          : toJvalue(plausibleObject(type, i)));
     }
     return arguments;
 }
@@ -154,19 +155,7 @@ std::string invokeThroughJvm(const NativeMethod& native, const std::vector<jvalu
     JNIEnv* env = javaEnv();
     std::vector<jvalue> padded = arguments;
     padded.emplace_back();  // so that there is an array even for no arguments
-    jobject receiver = receiverOf(native);
     jmethodID id = env->GetMethodID(native.javaClass, native.name.c_str(), native.signature.c_str());
-    const std::string_view type = resultType(native.signature);
-    if (type == "V") {
-        env->CallVoidMethodA(receiver, id, padded.data());
-    } else if (type == "Z") {
-        env->CallBooleanMethodA(receiver, id, padded.data());
-    } else if (type == "I") {
-        env->CallIntMethodA(receiver, id, padded.data());
-    } else if (type == "J") {
-        env->CallLongMethodA(receiver, id, padded.data());
-    } else {
-        env->CallObjectMethodA(receiver, id, padded.data());
-    }
+    env->CallVoidMethodA(receiverOf(native), id, padded.data());  // drops a result of any type
     return takeException(env);
 }

@@ -40,6 +40,7 @@ void forgetMocks() {
 }
 
 void traced(unsigned level, const std::string& line) {
+    if (JniTable* table = currentJniTable()) table->note("trace");
     if (answerOf<&traced>) answerOf<&traced>(level, line);
 }
 

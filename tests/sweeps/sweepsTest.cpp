@@ -152,7 +152,7 @@ class SweepTest : public BridgeTest {
         platform::isEmpty = false;
         operationsBefore_ = platform::operationCount();
         const Outcome outcome = invoke(native, arguments);
-        expectNothingKept(native.name, outcome);
+        expectSound(native, outcome);
         return outcome;
     }
 
