@@ -25,7 +25,8 @@ final class CaptureCommands extends Group {
                 .option("--max-seconds", "SECONDS", Integer.class, "End after so long.")
                 .option("--max-packets", "NUMBER", Integer.class, "End after so many packets.");
         change("stop", "Stops a capture and keeps its files.", command -> Refusal.unlessZero(
-                new PacketCapture().stopPacketCapture(command.text("INTERFACE")), "capture")).parameter("INTERFACE", INTERFACE);
+                new PacketCapture().stopPacketCapture(command.text("INTERFACE")), "capture"))
+                .parameter("INTERFACE", INTERFACE);
         change("remove", "Forgets a capture and deletes its files.", command -> Refusal.unlessZero(
                 new PacketCapture().removeCapture(command.text("INTERFACE")), "capture")).parameter("INTERFACE", INTERFACE);
         show("list", "Lists the captures, running or ended.", command -> new Fields().and("captures", captures()));

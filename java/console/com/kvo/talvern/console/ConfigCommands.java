@@ -75,7 +75,8 @@ final class ConfigCommands extends Group {
         Refusal.unless(code != null, "The appliance gives an answer that has no name in Java.");
         if (code == ReturnCode.INVALID_TYPE) {
             List<String> types = new ServiceUtils().getObjectTypes();
-            throw new Refusal("There is no type '" + type + "'" + Nearest.hint(type, types) + " (status " + code.getValue() + ")");
+            throw new Refusal("There is no type '" + type + "'" + Nearest.hint(type, types) + " (status "
+                    + code.getValue() + ")");
         }
         Refusal.unlessZero(code.getValue(), "object");
     }
@@ -112,7 +113,8 @@ final class ConfigCommands extends Group {
             fields.add(new Fields().and("name", field.get("name")).and("required", "true".equals(field.get("required")))
                     .and("accepts", field.get("accepts")).and("example", field.get("example")));
             String text = String.valueOf(field.get("example"));
-            example.append(' ').append(field.get("name")).append('=').append(text.matches("[\\w.:-]+") ? text : "'" + text + "'");
+            String quote = text.matches("[\\w.:-]+") ? "" : "'";
+            example.append(' ').append(field.get("name")).append('=').append(quote).append(text).append(quote);
         }
         if (fields.isEmpty()) {
             example.append(" KEY=VALUE");

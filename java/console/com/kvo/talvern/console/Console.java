@@ -111,7 +111,8 @@ public final class Console implements Callable<Integer> {
      */
     static int execute(String where, Runnable beforehand, String[] arguments, PrintWriter out, PrintWriter err) {
         if (arguments.length > 0 && arguments[0].matches("--appliance(=.*)?")) { // the script takes it from the command line
-            return fail(err, where + "--appliance FILE is for the start of the command talvern-console, once.", ExitCode.USAGE);
+            return fail(err, where + "--appliance FILE is for the start of the command talvern-console, once.",
+                    ExitCode.USAGE);
         }
         CommandLine commandLine = commandLine(arguments).setOut(out).setErr(err)
                 .setParameterExceptionHandler((e, given) -> explainUsage(where, e))
@@ -198,7 +199,8 @@ public final class Console implements Callable<Integer> {
             if (user instanceof ActionCommand && ((ActionCommand) user).takesPassword()) {
                 message = "There are too many arguments; passwords are asked for.";
             } else if (word.startsWith("-") || command.getSubcommands().isEmpty()) {
-                message = "'" + word + "' is not understood" + Nearest.hint(word, command.getCommandSpec().optionsMap().keySet());
+                message = "'" + word + "' is not understood"
+                        + Nearest.hint(word, command.getCommandSpec().optionsMap().keySet());
             } else {
                 message = "There is no such command" + Nearest.hint(word, command.getSubcommands().keySet());
             }

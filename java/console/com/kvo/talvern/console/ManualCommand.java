@@ -51,7 +51,8 @@ final class ManualCommand extends ConsoleCommand {
             String synopsis = new Help(spec, Help.defaultColorScheme(Help.Ansi.OFF)).detailedSynopsis(0, null, false);
             String arguments = synopsis.replaceAll("\\s+", " ").strip().substring(spec.qualifiedName().length())
                     .replaceFirst("\\[-h] |\\[-h]$", "").replaceFirst("\\[--json] ?", "");
-            page.append(".SS \"").append(escaped(words + " " + arguments.strip()).strip().replace("\"", "\\(dq")).append("\"\n");
+            String title = escaped((words + " " + arguments).strip()).replace("\"", "\\(dq");
+            page.append(".SS \"").append(title).append("\"\n");
             page.append(escaped(String.join(" ", spec.usageMessage().description()))).append('\n');
             spec.positionalParameters().forEach(this::argument);
             spec.options().forEach(this::argument);
