@@ -30,9 +30,10 @@ void translate(JNIEnv* env, const Exception&... exception) noexcept {
 /// Then the caller receives a TalvernException.
 void ensureJavaException(JNIEnv* env) noexcept;
 
-/// The frame of most native methods: runs `body` and returns its result.
+/// The frame of most native methods: runs `body` and returns its result. Always inlined, as are those that
+/// pass on: code shared by several native methods would cost each a call more.
 template <typename Result, typename Body>
-Result entryPoint(JNIEnv* env, Result failureValue, Body body) noexcept {
+[[gnu::always_inline]] inline Result entryPoint(JNIEnv* env, Result failureValue, Body body) noexcept {
     try {
         return body();
     } catch (const PendingJavaException&) {

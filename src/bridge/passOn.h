@@ -42,9 +42,14 @@ inline constexpr bool isPassable<std::string, jstring> = true;
 template <>
 inline constexpr bool isPassable<std::vector<std::string>, jobjectArray> = true;
 
+/// In place of UtfStrings where there are no strings: it would cost more than all else.
+struct NoStrings {
+    explicit NoStrings(JNIEnv*) {}
+};
+
 /// What the operation receives for an argument. The characters of a string are taken by `utf`.
-template <typename Parameter, typename Argument>
-auto toPassed(JNIEnv* env, UtfStrings& utf, Argument argument) {
+template <typename Parameter, typename Strings, typename Argument>
+auto toPassed(JNIEnv* env, [[maybe_unused]] Strings& utf, Argument argument) {
     if constexpr (std::same_as<Argument, jstring>) {
         return utf.take(argument);
     } else if constexpr (std::same_as<Argument, jobjectArray>) {
@@ -93,8 +98,9 @@ auto toReturned(JNIEnv* env, const Answer& answer) {
 /// Converts the arguments, one after the other, and calls the operation. Characters are held during the call
 /// and given back in the order in which they were taken, whatever comes of it.
 template <typename Answer, typename... Parameters, typename... Arguments>
-Answer callPlatform(JNIEnv* env, Answer (*operation)(Parameters...), Arguments... arguments) {
-    UtfStrings utf{env};
+[[gnu::always_inline]] inline Answer
+callPlatform(JNIEnv* env, Answer (*operation)(Parameters...), Arguments... arguments) {
+    std::conditional_t<(std::same_as<Arguments, jstring> || ...), UtfStrings, NoStrings> utf{env};
     std::tuple passed{toPassed<Parameters>(env, utf, arguments)...};  // braces keep the order
     return std::apply([&](auto&... values) { return operation(values...); }, passed);
 }
@@ -113,7 +119,8 @@ concept CanPassOn = isReturnable<Failure, Answer> && takes<Operation, Arguments.
 /// A native method: passes `arguments` on to `operation`, and gives what it answers to Java.
 template <typename Failure, typename Answer, typename... Parameters, typename... Arguments>
     requires CanPassOn<Failure, Answer (*)(Parameters...), Answer, Arguments...>
-auto passOn(JNIEnv* env, Failure failureValue, Answer (*operation)(Parameters...), Arguments... arguments) {
+[[gnu::always_inline]] inline auto
+passOn(JNIEnv* env, Failure failureValue, Answer (*operation)(Parameters...), Arguments... arguments) {
     const auto body = [&] { return toReturned<Failure>(env, callPlatform(env, operation, arguments...)); };
     if constexpr (std::same_as<Failure, NullIfEmpty>) {
         return entryPoint(env, jstring{}, body);
@@ -125,7 +132,8 @@ auto passOn(JNIEnv* env, Failure failureValue, Answer (*operation)(Parameters...
 /// A native method that returns nothing, whatever the operation answers.
 template <typename Answer, typename... Parameters, typename... Arguments>
     requires takes<Answer (*)(Parameters...), Arguments...>
-void passOn(JNIEnv* env, Answer (*operation)(Parameters...), Arguments... arguments) {
+[[gnu::always_inline]] inline void
+passOn(JNIEnv* env, Answer (*operation)(Parameters...), Arguments... arguments) {
     entryPoint(env, [&] { callPlatform(env, operation, arguments...); });
 }
 
