@@ -51,7 +51,7 @@ final class ManualCommand extends ConsoleCommand {
             String synopsis = new Help(spec, Help.defaultColorScheme(Help.Ansi.OFF)).detailedSynopsis(0, null, false);
             String arguments = synopsis.replaceAll("\\s+", " ").strip().substring(spec.qualifiedName().length())
                     .replaceFirst("\\[-h] |\\[-h]$", "").replaceFirst("\\[--json] ?", "");
-            String title = escaped((words + " " + arguments).strip()).replace("\"", "\\(dq");
+            String title = escaped((words + arguments).stripTrailing()).replace("\"", "\\(dq");
             page.append(".SS \"").append(title).append("\"\n");
             page.append(escaped(String.join(" ", spec.usageMessage().description()))).append('\n');
             spec.positionalParameters().forEach(this::argument);
