@@ -1,36 +1,26 @@
 #include "jvm.h"
 
-#include <cstdio>
 #include <cstdlib>
+
+#include "tests/support/startJvm.h"
 
 namespace {
 
-JavaVMOption option(const char* text) { return {const_cast<char*>(text), nullptr}; }
-
 JNIEnv* createJvm(Jvm kind) {
-    std::vector<JavaVMOption> options = {
-        option("-Djava.class.path=" BENCH_CLASS_PATH),
-        option("-Dtalvern.library.path=" BENCH_LIBRARY_FOLDER),
-        option("-Dtalvern.bench.floor=" BENCH_FLOOR),
-        option("-XX:+UseSerialGC"),
+    std::vector<std::string> options{
+        "-Djava.class.path=" BENCH_CLASS_PATH,
+        "-Dtalvern.library.path=" BENCH_LIBRARY_FOLDER,
+        "-Dtalvern.bench.floor=" BENCH_FLOOR,
+        "-XX:+UseSerialGC",
     };
     if (kind == Jvm::steady) {
         // A heap that is large enough for the largest case, and all there from the beginning: the kernel that
         // clears pages is not what is measured.
-        for (const char* text : {"-XX:+AlwaysPreTouch", "-Xms4g", "-Xmx4g", "-Xmn2g"}) {
-            options.push_back(option(text));
-        }
+        options.insert(options.end(), {"-XX:+AlwaysPreTouch", "-Xms4g", "-Xmx4g", "-Xmn2g"});
     } else {
-        options.push_back(option("-XX:TieredStopAtLevel=1"));
+        options.emplace_back("-XX:TieredStopAtLevel=1");
     }
-    JavaVMInitArgs arguments{JNI_VERSION_1_8, static_cast<jint>(options.size()), options.data(), JNI_FALSE};
-    JavaVM* vm = nullptr;
-    JNIEnv* env = nullptr;
-    if (JNI_CreateJavaVM(&vm, reinterpret_cast<void**>(&env), &arguments) != JNI_OK) {
-        std::fputs("no JVM\n", stderr);
-        std::exit(1);
-    }
-    return env;
+    return startJvm(options);
 }
 
 }  // namespace

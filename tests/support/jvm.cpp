@@ -1,7 +1,8 @@
 #include "support/jvm.h"
 
-#include <cstdio>
 #include <cstdlib>
+
+#include "support/startJvm.h"
 
 namespace {
 
@@ -13,10 +14,11 @@ const char* libraryFolder() {
 
 JavaVM* createJvm() {
     const std::string logFile = std::string{TALVERN_JVM_LOG} + (isJniChecked() ? "" : ".unchecked");
-    std::vector<std::string> texts{
+    std::vector<std::string> options{
         "-Djava.class.path=" TALVERN_API_JAR ":" TALVERN_TESTS_JAR,
         std::string{"-Dtalvern.library.path="} + libraryFolder(),
         "-Dtalvern.planted.library=" TALVERN_PLANTED_LIBRARY,
+        "-Dtalvern.stackFactor=" TALVERN_STACK_FACTOR,
         "-Xmx2g",
         // What -Xcheck:jni finds goes to a file: it would drown everything else.
         "-XX:+UnlockDiagnosticVMOptions",
@@ -24,17 +26,9 @@ JavaVM* createJvm() {
         "-XX:+LogVMOutput",
         "-XX:LogFile=" + logFile,
     };
-    texts.emplace_back("-Dtalvern.stackFactor=" TALVERN_STACK_FACTOR);
-    if (isJniChecked()) texts.emplace_back("-Xcheck:jni");
-    std::vector<JavaVMOption> options;
-    for (std::string& text : texts) options.push_back({text.data(), nullptr});
-    JavaVMInitArgs arguments{JNI_VERSION_1_8, static_cast<jint>(options.size()), options.data(), JNI_FALSE};
+    if (isJniChecked()) options.emplace_back("-Xcheck:jni");
     JavaVM* vm = nullptr;
-    JNIEnv* env = nullptr;
-    if (JNI_CreateJavaVM(&vm, reinterpret_cast<void**>(&env), &arguments) != JNI_OK) {
-        std::fputs("no JVM\n", stderr);
-        std::abort();
-    }
+    startJvm(options)->GetJavaVM(&vm);
     return vm;
 }
 
