@@ -1,6 +1,8 @@
 package com.kvo.talvern.testing;
 
+import java.io.DataInputStream;
 import java.io.IOException;
+import java.util.zip.ZipEntry;
 import java.util.zip.ZipFile;
 
 /** Defines classes without telling where they come from, and serves them as classes only. */
@@ -26,8 +28,10 @@ public final class BareLoader extends ClassLoader {
 
     @Override
     protected Class<?> findClass(String name) throws ClassNotFoundException {
-        try {
-            byte[] bytes = jar.getInputStream(jar.getEntry(name.replace('.', '/') + ".class")).readAllBytes();
+        ZipEntry entry = jar.getEntry(name.replace('.', '/') + ".class");
+        try (DataInputStream content = new DataInputStream(jar.getInputStream(entry))) {
+            byte[] bytes = new byte[(int) entry.getSize()];
+            content.readFully(bytes);
             return defineClass(name, bytes, 0, bytes.length);
         } catch (IOException | NullPointerException e) {
             throw new ClassNotFoundException(name, e);

@@ -1,6 +1,7 @@
 package com.kvo.talvern.testing;
 
 import com.kvo.talvern.firmwaremanager.FirmwareManagerUtils;
+import java.io.File;
 import java.util.Random;
 
 /** Ends the JVM, in the way that is given, at any moment of an upgrade that goes on reporting. */
@@ -26,7 +27,7 @@ public final class Exits {
                 Runtime.getRuntime().halt(0);
                 return;
             case "SIGTERM":
-                new ProcessBuilder("kill", String.valueOf(ProcessHandle.current().pid())).start();
+                new ProcessBuilder("kill", new File("/proc/self").getCanonicalFile().getName()).start();
                 break;
             default:
                 break;
