@@ -253,7 +253,12 @@ void Text::beginMember(std::string_view name) {
 
 void Text::addQuoted(std::string_view modifiedUtf8) {
     text_ += '"';
+    const auto isPlain = [](char c) { return c >= 0x20 && c < 0x7F && c != '"' && c != '\\'; };
     for (std::size_t i = 0; i < modifiedUtf8.size();) {
+        const std::size_t begin = i;
+        while (i < modifiedUtf8.size() && isPlain(modifiedUtf8[i])) ++i;
+        text_ += modifiedUtf8.substr(begin, i - begin);
+        if (i == modifiedUtf8.size()) break;
         const bool isAscii = static_cast<unsigned char>(modifiedUtf8[i]) < 0x80;
         addCharacter(text_,
                      isAscii ? static_cast<char32_t>(modifiedUtf8[i++]) : takeCharacter(modifiedUtf8, i));

@@ -4,8 +4,52 @@
 
 namespace {
 
+std::string header(const Section& section) { return "\n  \"" + section.name + "\": "; }
+
+/// The parts of a file as `writeFile` lays it out, in order; none if it is laid out otherwise. What is taken
+/// for a part need not be a JSON value, but if all are, they are the parts.
+std::vector<std::string_view> partsOf(std::string_view text) {
+    if (!text.starts_with('{')) return {};
+    std::vector<std::string_view> parts;
+    std::size_t position = 1;
+    for (std::size_t i = 0; i < sections().size(); ++i) {
+        const std::string begin = header(*sections()[i]);
+        const std::string end = i + 1 == sections().size() ? "\n}\n" : ',' + header(*sections()[i + 1]);
+        if (text.substr(position, begin.size()) != begin) return {};
+        position += begin.size();
+        const std::string& known = sections()[i]->text;
+        const bool isKnown = text.substr(position, known.size()) == known &&
+                             text.substr(position + known.size(), end.size()) == end;
+        const std::size_t next = isKnown ? position + known.size() : text.find(end, position);
+        if (next == std::string_view::npos) return {};
+        parts.push_back(text.substr(position, next - position));
+        position = next + (i + 1 == sections().size() ? end.size() : 1);
+    }
+    return position == text.size() ? parts : std::vector<std::string_view>{};
+}
+
+/// Reads the parts that differ from what is known of them. False if that is not possible.
+bool loadChangedParts(const std::string& text) {
+    const std::vector<std::string_view> parts = partsOf(text);
+    if (parts.empty()) return false;
+    try {
+        for (std::size_t i = 0; i < parts.size(); ++i) {
+            Section& section = *sections()[i];
+            if (section.text == parts[i]) continue;
+            section.text.clear();
+            const std::deque<json::Node> nodes = json::parse(std::string{parts[i]});
+            section.readFrom(nodes.front());
+            section.text = parts[i];
+        }
+        return true;
+    } catch (const json::Problem&) {
+        return false;  // it tells the line in the part
+    }
+}
+
 /// Makes the memory what `text` says, and factory-new where it says nothing.
 void load(const std::string& text) {
+    if (loadChangedParts(text)) return;
     for (Section* section : sections()) {
         section->restore();
         section->text.clear();
@@ -29,8 +73,7 @@ std::string textOf(Section& section) {
 void writeFile() {
     std::string text = "{";
     for (const Section* section : sections()) {
-        text +=
-            (section == sections().front() ? "\n  \"" : ",\n  \"") + section->name + "\": " + section->text;
+        text += (section == sections().front() ? "" : ",") + header(*section) + section->text;
     }
     applianceFile().replace(text + "\n}\n");
 }
@@ -84,12 +127,12 @@ void resetMemory() {
     std::copy_if(sections().begin(), sections().end(), std::back_inserter(restored),
                  [](const Section* section) { return section->onReset == OnReset::restored; });
     std::optional<KeptChange> change;
-    if (isKept) change.emplace();
+    if (isKept) change.emplace(restored);
     for (Section* section : restored) section->restore();
-    if (change) change->keep(restored);
+    if (change) change->keep();
 }
 
-KeptChange::KeptChange() {
+KeptChange::KeptChange(std::vector<Section*> parts) : parts_{std::move(parts)} {
     refresh(true);
     for (Section* section : sections()) {
         if (section->text.empty()) section->text = textOf(*section);
@@ -97,12 +140,14 @@ KeptChange::KeptChange() {
 }
 
 KeptChange::~KeptChange() {
-    if (!isFinished_) applianceFile().forget();
+    if (isFinished_) return;
+    for (Section* section : parts_) section->text.clear();
+    applianceFile().forget();
 }
 
-void KeptChange::keep(const std::vector<Section*>& parts) {
+void KeptChange::keep() {
     bool isChanged = false;
-    for (Section* section : parts) {
+    for (Section* section : parts_) {
         std::string text = textOf(*section);
         isChanged |= text != section->text;
         section->text = std::move(text);

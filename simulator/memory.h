@@ -26,7 +26,7 @@ class Section {
 
     const std::string name;
     const OnReset onReset;
-    std::string text = {};  ///< of the state in the file; empty if it must be written anew to be known
+    std::string text = {};  ///< as it stands in the file; empty if that is not known
 
   protected:
     ~Section() = default;  // none is ever destroyed
@@ -49,20 +49,21 @@ void refreshMemory();
 /// Restores what a device reset restores.
 void resetMemory();
 
-/// A change of memory that is kept in a file, which nobody else changes meanwhile. `keep` ends it; if it ends
-/// otherwise, the memory becomes what the file holds again.
+/// A change of parts of memory that is kept in a file, which nobody else changes meanwhile. `keep` ends it;
+/// if it ends otherwise, the memory becomes what the file holds again.
 class KeptChange {
   public:
-    KeptChange();
+    explicit KeptChange(std::vector<Section*> parts);
     ~KeptChange();
     KeptChange(const KeptChange&) = delete;
     KeptChange& operator=(const KeptChange&) = delete;
 
     /// Writes the parts into the file, if they have changed.
-    void keep(const std::vector<Section*>& parts);
+    void keep();
 
   private:
     FileLock lock_{FileLock::state};
+    std::vector<Section*> parts_;
     bool isFinished_ = false;
 };
 
@@ -92,13 +93,13 @@ class Memory : private Section {
         const std::lock_guard lock{memoryMutex};
         if (!isKept) [[likely]]
             return action(state_);
-        KeptChange change;
+        KeptChange change{{this}};
         if constexpr (std::is_void_v<decltype(action(state_))>) {
             action(state_);
-            change.keep({this});
+            change.keep();
         } else {
             auto result = action(state_);
-            change.keep({this});
+            change.keep();
             return result;
         }
     }

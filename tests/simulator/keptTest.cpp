@@ -441,6 +441,46 @@ TEST_F(Kept, DamagedFileIsReadOrRefusedAndNeverMore) {
     EXPECT_LT(refused, damages - damages / 20);
 }
 
+std::string exampleText(const char* name) {
+    std::ifstream in{std::string{TALVERN_SOURCE_FOLDER "/examples/appliances/"} + name};
+    return {std::istreambuf_iterator<char>{in}, {}};
+}
+
+TEST_F(Kept, ExamplesAreWhatTheyAreCalled) {
+    nodeName::get();
+    const std::string isNew = std::regex_replace(fileText(), std::regex{"\n    \"started\": [0-9]+,"}, "");
+    EXPECT_EQ(exampleText("factory.json"), isNew);
+
+    writeFile(exampleText("degraded.json"));
+    std::vector<statusUtils::FanStatus> fans;
+    std::vector<statusUtils::VolumeStatus> volumes;
+    std::vector<statusUtils::DiskSnapShot*> disks;
+    statusUtils::BatteryStatus battery{};
+    statusUtils::getFanStatus(fans);
+    statusUtils::getVolumeStatus(volumes);
+    statusUtils::getRaidPhysDiskStatus(disks);
+    statusUtils::getBatteryStatus(battery);
+    EXPECT_FALSE(fans.at(2).isOk);
+    EXPECT_LT(volumes.at(0).synchronised, 100);
+    EXPECT_TRUE(disks.at(0)->isFailurePredicted);
+    EXPECT_STREQ(disks.at(1)->state, "rebuilding");
+    EXPECT_LT(battery.expires, std::time(nullptr));
+    EXPECT_EQ(statusUtils::getIntrusionStatus(), 1);
+
+    const std::string makeLarge = TALVERN_SOURCE_FOLDER "/examples/appliances/makeLarge";
+    ASSERT_EQ(std::system((makeLarge + " >" + file).c_str()), 0);
+    std::vector<types::KeyValPair*> interfaces;
+    std::vector<std::string> objects;
+    ethernetInterfaces::getInterfaces(interfaces);
+    Service::getNamesofObject("LogTarget", "", objects);
+    EXPECT_EQ(interfaces.size(), 64U);
+    EXPECT_EQ(objects.size(), 10'000U);
+    EXPECT_EQ(userManagerUtils::listUsers().size(), 2000U);
+
+    writeFile(exampleText("faults.json"));
+    EXPECT_EQ(refusal([] { nodeName::set("rack-7"); }), "the disk is full");
+}
+
 TEST_F(Kept, FaultsDecideAboutTheNextCalls) {
     const auto prepare = [](const std::string& faults) { writeFile("{\"faults\": [" + faults + "]}"); };
     prepare(R"({"operation": "nodeName::get", "outcome": "exception", "text": "full", "times": 2},
