@@ -1,5 +1,5 @@
-// For a platform library that does not provide all operations yet: compiled into it, this file refuses the others by an
-// exception that names them. Each definition is weak: the library's own takes its place.
+// For a platform library that does not provide all operations yet: compiled into it, this file refuses the
+// others by an exception that names them. Each definition is weak: the library's own takes its place.
 #include <stdexcept>
 #include <string>
 

@@ -18,6 +18,8 @@ class FileLock {
     /// Waits until nobody else has the lock.
     /// @throws std::runtime_error  somebody had it all the time, or it can't be taken
     explicit FileLock(Subject subject);
+    FileLock(const FileLock&) = delete;
+    FileLock& operator=(const FileLock&) = delete;
     FileLock(FileLock&& other) noexcept;
     FileLock& operator=(FileLock&&) = delete;
     ~FileLock();

@@ -209,7 +209,7 @@ void fromJson(const json::Node& node, State& state) {
         members.require(object.value != nullptr, "value: is missing");
         const auto [entry, isNew] = state.objects.emplace(std::move(key), std::move(object));
         members.require(isNew, "there is another one of this type, parent and name");
-        inOrder.push_back(entry);
+        inOrder.emplace_back(entry);
     });
     auto next = inOrder.begin();
     Reader::forEachChild(node, [&](const json::Node& child) {

@@ -146,7 +146,9 @@ void fromJson(const json::Node& node, State& state) {
     Reader::forEachChild(node, [&](const json::Node& interface) {
         for (const auto& [key, value] : state.interfaces.at(interface.key).configuration) {
             if (isAcceptable(state, key, value)) continue;
-            throw json::Problem{interface.line, "configuration: " + key + " must not be " + value};
+            throw json::Problem{
+                interface.line,
+                std::string{"configuration: "}.append(key).append(" must not be ").append(value)};
         }
     });
 }

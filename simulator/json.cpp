@@ -94,7 +94,7 @@ std::string toModifiedUtf8(std::string text) {
 
 /// Where the parser is: at the next character, and on the line of the last one.
 struct Position {
-    const char* next;
+    const char* next = nullptr;
     int line = 1;
     bool startsLine = false;  // the next character does
 };

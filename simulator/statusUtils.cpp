@@ -127,7 +127,8 @@ namespace {
 
 constexpr std::int32_t year = 365 * 24 * 60 * 60;
 constexpr std::int32_t startOf2024 = 1'704'067'200;
-constexpr std::int64_t secondsBefore = 19 * 24 * 60 * 60;  // the appliance ran when it was first asked
+constexpr std::int64_t secondsBefore =
+    std::int64_t{19} * 24 * 60 * 60;  // the appliance ran when it was first asked
 
 constexpr DiskSnapShot firstDisk{
     .deviceName = "sda",

@@ -25,16 +25,16 @@ namespace talvern::bridge {
 template <typename Parameter, typename Argument>
 constexpr bool isPassable = std::same_as<Parameter, Argument>;
 template <typename Parameter, typename Argument>
-constexpr bool isPassable<const Parameter&, Argument> = isPassable<Parameter, Argument>;
+inline constexpr bool isPassable<const Parameter&, Argument> = isPassable<Parameter, Argument>;
 template <typename Parameter>
-constexpr bool isPassable<Parameter*, std::nullptr_t> = true;
+inline constexpr bool isPassable<Parameter*, std::nullptr_t> = true;
 template <>
 inline constexpr bool isPassable<bool, jboolean> = true;
 template <>
 inline constexpr bool isPassable<std::uint32_t, jint> = true;
 template <typename Parameter>
     requires std::is_enum_v<Parameter>
-constexpr bool isPassable<Parameter, jint> = true;
+inline constexpr bool isPassable<Parameter, jint> = true;
 template <>
 inline constexpr bool isPassable<const char*, jstring> = true;
 template <>
@@ -110,7 +110,8 @@ constexpr bool takes = false;
 
 template <typename Answer, typename... Parameters, typename... Arguments>
     requires(sizeof...(Parameters) == sizeof...(Arguments))
-constexpr bool takes<Answer (*)(Parameters...), Arguments...> = (isPassable<Parameters, Arguments> && ...);
+inline constexpr bool takes<Answer (*)(Parameters...), Arguments...> =
+    (isPassable<Parameters, Arguments> && ...);
 
 /// A native method whose failure value is a `Failure` can pass its arguments on to the operation.
 template <typename Failure, typename Operation, typename Answer, typename... Arguments>

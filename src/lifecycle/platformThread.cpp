@@ -71,7 +71,8 @@ thread_local Detacher detacher;
 
 JvmUse::JvmUse() noexcept {
     unsigned now = uses;
-    while ((now & endHasBegun) == 0 && !uses.compare_exchange_weak(now, now + 1)) {}
+    while ((now & endHasBegun) == 0 && !uses.compare_exchange_weak(now, now + 1)) {
+    }
     isAllowed_ = (now & endHasBegun) == 0;
     if (isAllowed_) ++usesByThisThread;
 }
