@@ -60,8 +60,8 @@ struct Codes {
     explicit Codes(JNIEnv* e)
         : env{e},
           codeClass{env->FindClass("com/kvo/talvern/config/ReturnCode")},
-          valueOf{env->GetStaticMethodID(codeClass, "valueOf",
-                                         "(Ljava/lang/String;)Lcom/kvo/talvern/config/ReturnCode;")} {}
+          valueOf{env->GetStaticMethodID(
+              codeClass, "valueOf", "(Ljava/lang/String;)Lcom/kvo/talvern/config/ReturnCode;")} {}
 
     jobject convert(Service::ReturnCode code) {
         const jvalue name =
@@ -71,8 +71,8 @@ struct Codes {
 
     void store(jobject receiver, Service::ReturnCode code) {
         const jvalue javaCode = asValue(convert(code));
-        jmethodID setReturnCode = env->GetMethodID(env->GetObjectClass(receiver), "setReturnCode",
-                                                   "(Lcom/kvo/talvern/config/ReturnCode;)V");
+        jmethodID setReturnCode = env->GetMethodID(
+            env->GetObjectClass(receiver), "setReturnCode", "(Lcom/kvo/talvern/config/ReturnCode;)V");
         env->CallVoidMethodA(receiver, setReturnCode, &javaCode);
     }
 
@@ -206,8 +206,8 @@ JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_bench_Floor_getNameServers(J
     return array;
 }
 
-JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_bench_Floor_setTimeServers(JNIEnv* env, jobject,
-                                                                           jobjectArray servers) {
+JNIEXPORT jboolean JNICALL
+Java_com_kvo_talvern_bench_Floor_setTimeServers(JNIEnv* env, jobject, jobjectArray servers) {
     const jsize length = env->GetArrayLength(servers);
     std::vector<std::string> list;
     list.reserve(static_cast<std::size_t>(length));
@@ -220,8 +220,8 @@ JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_bench_Floor_setTimeServers(JNIEn
     return timeServers::setTimeServers(list, nullptr) == 0 ? JNI_TRUE : JNI_FALSE;
 }
 
-JNIEXPORT jobject JNICALL Java_com_kvo_talvern_bench_Floor_getEthernetInterface(JNIEnv* env, jobject,
-                                                                                jstring name) {
+JNIEXPORT jobject JNICALL
+Java_com_kvo_talvern_bench_Floor_getEthernetInterface(JNIEnv* env, jobject, jstring name) {
     jclass mapClass = env->FindClass("java/util/HashMap");
     jmethodID create = env->GetMethodID(mapClass, "<init>", "()V");
     jmethodID put = env->GetMethodID(mapClass, "put", objectPut);
@@ -240,13 +240,13 @@ JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_bench_Floor_getFanStatus(JNI
     jclass sensorClass = env->FindClass("com/kvo/talvern/appliance/Sensor");
     jmethodID create = env->GetMethodID(sensorClass, "<init>", "(Ljava/lang/String;Ljava/lang/String;Z)V");
     jmethodID createEmpty = env->GetMethodID(sensorClass, "<init>", "()V");
-    jobjectArray array = env->NewObjectArray(static_cast<jsize>(fans.size()), sensorClass,
-                                             env->NewObjectA(sensorClass, createEmpty, nullptr));
+    jobjectArray array = env->NewObjectArray(
+        static_cast<jsize>(fans.size()), sensorClass, env->NewObjectA(sensorClass, createEmpty, nullptr));
     for (std::size_t i = 0; i < fans.size(); ++i) {
-        const jvalue arguments[] = {asValue(toJava(env, fans[i].name)), asValue(toJava(env, fans[i].reading)),
-                                    asValue(fans[i].isOk)};
-        env->SetObjectArrayElement(array, static_cast<jsize>(i),
-                                   env->NewObjectA(sensorClass, create, arguments));
+        const jvalue arguments[] = {
+            asValue(toJava(env, fans[i].name)), asValue(toJava(env, fans[i].reading)), asValue(fans[i].isOk)};
+        env->SetObjectArrayElement(
+            array, static_cast<jsize>(i), env->NewObjectA(sensorClass, create, arguments));
     }
     return array;
 }
@@ -262,27 +262,30 @@ JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_bench_Floor_getRaidVolumes(J
     jmethodID createEmptyPartition = env->GetMethodID(partitionClass, "<init>", "()V");
     std::vector<statusUtils::VolumeStatus> volumes;
     statusUtils::getVolumeStatus(volumes);
-    jobjectArray array = env->NewObjectArray(static_cast<jsize>(volumes.size()), volumeClass,
-                                             env->NewObjectA(volumeClass, createEmptyVolume, nullptr));
+    jobjectArray array = env->NewObjectArray(
+        static_cast<jsize>(volumes.size()), volumeClass,
+        env->NewObjectA(volumeClass, createEmptyVolume, nullptr));
     for (std::size_t i = 0; i < volumes.size(); ++i) {
         const statusUtils::VolumeStatus& volume = volumes[i];
         const jvalue name = asValue(toJava(env, volume.name));
-        jobjectArray partitions =
-            env->NewObjectArray(static_cast<jsize>(volume.partitions.size()), partitionClass,
-                                env->NewObjectA(partitionClass, createEmptyPartition, nullptr));
+        jobjectArray partitions = env->NewObjectArray(
+            static_cast<jsize>(volume.partitions.size()), partitionClass,
+            env->NewObjectA(partitionClass, createEmptyPartition, nullptr));
         for (std::size_t j = 0; j < volume.partitions.size(); ++j) {
             const statusUtils::PartitionStatus& partition = volume.partitions[j];
-            const jvalue arguments[] = {asValue(toJava(env, partition.mountPoint)),
-                                        asValue(jint{partition.size}), asValue(jint{partition.used}),
-                                        asValue(toJava(env, partition.fileSystem)),
-                                        asValue(partition.isMounted)};
-            env->SetObjectArrayElement(partitions, static_cast<jsize>(j),
-                                       env->NewObjectA(partitionClass, createPartition, arguments));
+            const jvalue arguments[] = {
+                asValue(toJava(env, partition.mountPoint)), asValue(jint{partition.size}),
+                asValue(jint{partition.used}), asValue(toJava(env, partition.fileSystem)),
+                asValue(partition.isMounted)};
+            env->SetObjectArrayElement(
+                partitions, static_cast<jsize>(j),
+                env->NewObjectA(partitionClass, createPartition, arguments));
         }
-        const jvalue arguments[] = {name, asValue(jint{volume.raidLevel}), asValue(partitions),
-                                    asValue(volume.isOk), asValue(jint{volume.synchronised})};
-        env->SetObjectArrayElement(array, static_cast<jsize>(i),
-                                   env->NewObjectA(volumeClass, createVolume, arguments));
+        const jvalue arguments[] = {
+            name, asValue(jint{volume.raidLevel}), asValue(partitions), asValue(volume.isOk),
+            asValue(jint{volume.synchronised})};
+        env->SetObjectArrayElement(
+            array, static_cast<jsize>(i), env->NewObjectA(volumeClass, createVolume, arguments));
     }
     return array;
 }
@@ -292,28 +295,26 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_bench_Floor_getIntrusionStatus(JN
     jmethodID values = env->GetStaticMethodID(
         javaClass, "values", "()[Lcom/kvo/talvern/appliance/HardwareStatusUtils$IntrusionStatus;");
     jobject constants = env->CallStaticObjectMethodA(javaClass, values, nullptr);
-    return env->GetObjectArrayElement(static_cast<jobjectArray>(constants),
-                                      statusUtils::getIntrusionStatus() + 1);
+    return env->GetObjectArrayElement(
+        static_cast<jobjectArray>(constants), statusUtils::getIntrusionStatus() + 1);
 }
 
-JNIEXPORT jobject JNICALL Java_com_kvo_talvern_bench_Floor_getAdminState(JNIEnv* env, jobject,
-                                                                         jobject receiver, jstring type,
-                                                                         jstring parent, jstring name) {
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_bench_Floor_getAdminState(
+    JNIEnv* env, jobject, jobject receiver, jstring type, jstring parent, jstring name) {
     const std::string nativeType = toNative(env, type);
     const std::string nativeParent = toNative(env, parent);
     Service::AdminState state{};
     Codes{env}.store(receiver, Service::getAdminState(nativeType, nativeParent, toNative(env, name), state));
     jclass stateClass = env->FindClass("com/kvo/talvern/config/AdminState");
-    jmethodID valueOf = env->GetStaticMethodID(stateClass, "valueOf",
-                                               "(Ljava/lang/String;)Lcom/kvo/talvern/config/AdminState;");
+    jmethodID valueOf = env->GetStaticMethodID(
+        stateClass, "valueOf", "(Ljava/lang/String;)Lcom/kvo/talvern/config/AdminState;");
     const jvalue stateName =
         asValue(env->NewStringUTF(config::ADMINSTATE_STR[static_cast<std::int32_t>(state)]));
     return env->CallStaticObjectMethodA(stateClass, valueOf, &stateName);
 }
 
-JNIEXPORT jobject JNICALL Java_com_kvo_talvern_bench_Floor_validateObject(JNIEnv* env, jobject,
-                                                                          jobject receiver, jstring type,
-                                                                          jobject value) {
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_bench_Floor_validateObject(
+    JNIEnv* env, jobject, jobject receiver, jstring type, jobject value) {
     const std::string nativeType = toNative(env, type);
     const std::unique_ptr<const Value> tree{ToNative{env}.convert(value)};
     const Service::ReturnCode code = Service::validateObject(nativeType, tree.get());
@@ -322,9 +323,8 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_bench_Floor_validateObject(JNIEnv
     return codes.convert(code);  // anew: the API has it converted after the buffers went back
 }
 
-JNIEXPORT jobject JNICALL Java_com_kvo_talvern_bench_Floor_queryObject(JNIEnv* env, jobject, jobject receiver,
-                                                                       jstring type, jstring parent,
-                                                                       jstring name) {
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_bench_Floor_queryObject(
+    JNIEnv* env, jobject, jobject receiver, jstring type, jstring parent, jstring name) {
     const std::string nativeType = toNative(env, type);
     const std::string nativeParent = toNative(env, parent);
     Value* value = nullptr;

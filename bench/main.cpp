@@ -157,8 +157,9 @@ class Tables : public benchmark::BenchmarkReporter {
         for (const auto& [name, costs] : costs_) {
             if (costs.count(1'000'000) == 0 || costs.count(1000) == 0) continue;
             const auto &last = costs.at(1'000'000), &first = costs.at(1000);
-            std::printf("%-12s   time %5.2f (floor %5.2f)   memory %5.2f\n", name.c_str(), last[0] / first[0],
-                        last[1] / first[1], last[2] / first[2]);
+            std::printf(
+                "%-12s   time %5.2f (floor %5.2f)   memory %5.2f\n", name.c_str(), last[0] / first[0],
+                last[1] / first[1], last[2] / first[2]);
         }
     }
 
@@ -176,12 +177,14 @@ class Tables : public benchmark::BenchmarkReporter {
 
     void printCase(const Run& run) {
         if (ratios_.empty()) {
-            std::printf("%-22s %9s %14s %14s %7s %9s %16s\n", "shape", "size", "floor ns", "bridge ns",
-                        "ratio", "JNA ns", "new: fl. / br.");
+            std::printf(
+                "%-22s %9s %14s %14s %7s %9s %16s\n", "shape", "size", "floor ns", "bridge ns", "ratio",
+                "JNA ns", "new: fl. / br.");
         }
         const double size = counter(run, "size");
-        std::printf("%-22s %9.0f %14.1f %14.1f %7.3f ", nameOf(run).c_str(), size, counter(run, "floor_ns"),
-                    counter(run, "bridge_ns"), counter(run, "ratio"));
+        std::printf(
+            "%-22s %9.0f %14.1f %14.1f %7.3f ", nameOf(run).c_str(), size, counter(run, "floor_ns"),
+            counter(run, "bridge_ns"), counter(run, "ratio"));
         if (const double jna = counter(run, "jna_ns"); jna > 0) {
             std::printf("%9.1f", jna);
         } else {
@@ -189,21 +192,22 @@ class Tables : public benchmark::BenchmarkReporter {
         }
         std::printf(" %7.0f %8.0f\n", counter(run, "floor_blocks"), counter(run, "bridge_blocks"));
         ratios_.push_back(counter(run, "ratio"));
-        costs_[nameOf(run)][static_cast<int>(size)] = {counter(run, "bridge_ns") / size,
-                                                       counter(run, "floor_ns") / size,
-                                                       counter(run, "bridge_bytes") / size};
+        costs_[nameOf(run)][static_cast<int>(size)] = {
+            counter(run, "bridge_ns") / size, counter(run, "floor_ns") / size,
+            counter(run, "bridge_bytes") / size};
     }
 
     void printThreads(const Run& run) {
         if (!hasThreads_) {
-            std::printf("\n%-36s %8s %8s %8s %8s\n", "gain by a second thread", "spin", "floor", "bridge",
-                        "of spin");
+            std::printf(
+                "\n%-36s %8s %8s %8s %8s\n", "gain by a second thread", "spin", "floor", "bridge", "of spin");
         }
         hasThreads_ = true;
         const double spin = counter(run, "spin_gain");
         const double bridgeGain = counter(run, "bridge_gain");
-        std::printf("%-36s %8.2f %8.2f %8.2f %8.2f\n", nameOf(run).c_str(), spin, counter(run, "floor_gain"),
-                    bridgeGain, bridgeGain / spin);
+        std::printf(
+            "%-36s %8.2f %8.2f %8.2f %8.2f\n", nameOf(run).c_str(), spin, counter(run, "floor_gain"),
+            bridgeGain, bridgeGain / spin);
     }
 
     bool hasThreads_ = false;

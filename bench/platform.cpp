@@ -40,8 +40,9 @@ std::string lastReceived;
 std::unique_ptr<Value> makeStruct(std::size_t size) {
     auto structure = std::make_unique<StructValue>(true);
     for (std::size_t i = 1; i < size; ++i) {
-        structure->put("member-" + std::to_string(i),
-                       std::make_unique<SimpleValue>("value " + std::to_string(i), i % 2 == 0));
+        structure->put(
+            "member-" + std::to_string(i),
+            std::make_unique<SimpleValue>("value " + std::to_string(i), i % 2 == 0));
     }
     return structure;
 }
@@ -86,8 +87,8 @@ void setSize(std::size_t size) {
         data.attributes.pairs["attribute-" + number] = "value " + number;
         data.fans.push_back({"Fan " + number, "5400 rpm", 5400, 900, i % 2 == 0});
         data.volumes.push_back({"volume-" + number, 1, {}, true, 100});
-        data.volumes.back().partitions = {{"/data/" + number, 1024, 512, "ext4", true},
-                                          {"/spare/" + number, 2048, 0, "xfs", false}};
+        data.volumes.back().partitions = {
+            {"/data/" + number, 1024, 512, "ext4", true}, {"/spare/" + number, 2048, 0, "xfs", false}};
     }
     data.tree = makeTree(size);
 }

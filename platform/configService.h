@@ -44,13 +44,14 @@ class Service {
     // A ConfigChangeException or ValidationException that one of the next five throws reaches Java as such.
 
     /// Creates an object. `state` is any number that Java passed; `replace` permits that the object exists.
-    static ReturnCode
-    createObject(const std::string& type, const std::string& parent, const std::string& name,
-                 const Value* value, AdminState state, bool replace);
+    static ReturnCode createObject(
+        const std::string& type, const std::string& parent, const std::string& name, const Value* value,
+        AdminState state, bool replace);
 
     /// Changes an object's value. With `merge`, members that `value` does not name stay.
-    static ReturnCode updateObject(const std::string& type, const std::string& parent,
-                                   const std::string& name, const Value* value, bool merge);
+    static ReturnCode updateObject(
+        const std::string& type, const std::string& parent, const std::string& name, const Value* value,
+        bool merge);
 
     static ReturnCode
     deleteObject(const std::string& type, const std::string& parent, const std::string& name);
@@ -59,8 +60,8 @@ class Service {
     static ReturnCode
     resetObject(const std::string& type, const std::string& parent, const std::string& name);
 
-    static ReturnCode setAdminState(const std::string& type, const std::string& parent,
-                                    const std::string& name, AdminState state);
+    static ReturnCode setAdminState(
+        const std::string& type, const std::string& parent, const std::string& name, AdminState state);
 
     /// Checks a value for an object of the type, without changing anything. A ValidationException that it
     /// throws reaches Java as such.
@@ -80,8 +81,8 @@ class Service {
     static std::vector<std::string> getObjectTypes();
 
     /// Sets `state`, which is read only if the result is OK.
-    static ReturnCode getAdminState(const std::string& type, const std::string& parent,
-                                    const std::string& name, AdminState& state);
+    static ReturnCode getAdminState(
+        const std::string& type, const std::string& parent, const std::string& name, AdminState& state);
 
     /// Sets `state`, which is read only if the result is OK.
     static ReturnCode

@@ -42,9 +42,9 @@ static_assert(offsetof(CaptureInfo, files) == sizeof(std::string) + 8);
 /// @param maxPackets    end after so many; 0 for no limit
 /// @param isPromiscuous take packets for other hosts, too; the bridge passes false
 /// @return `capturing`, or why it was not started
-InterfaceState sStartPacketCapture(std::string interfaceName, std::string fileName, std::string filter,
-                                   unsigned int snapLength, unsigned long maxBytes, unsigned int maxSeconds,
-                                   unsigned int maxPackets, bool isPromiscuous);
+InterfaceState sStartPacketCapture(
+    std::string interfaceName, std::string fileName, std::string filter, unsigned int snapLength,
+    unsigned long maxBytes, unsigned int maxSeconds, unsigned int maxPackets, bool isPromiscuous);
 
 /// Stops the interface's capture and keeps its files. Returns a status, 0 for success.
 std::int32_t sStopPacketCapture(std::string interfaceName);

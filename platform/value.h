@@ -108,8 +108,9 @@ class ArrayValue : public Value {
     std::vector<Value*> elements;
 };
 
-static_assert(sizeof(void*) != 8 || (sizeof(SimpleValue) == 16 + sizeof(std::string) &&
-                                     sizeof(StructValue) == 16 + sizeof(std::map<std::string, Value*>) &&
-                                     sizeof(ArrayValue) == 16 + sizeof(std::vector<Value*>)));
+static_assert(
+    sizeof(void*) != 8 || (sizeof(SimpleValue) == 16 + sizeof(std::string) &&
+                           sizeof(StructValue) == 16 + sizeof(std::map<std::string, Value*>) &&
+                           sizeof(ArrayValue) == 16 + sizeof(std::vector<Value*>)));
 
 }  // namespace talvern::config

@@ -106,8 +106,8 @@ ApplianceFile& applianceFile() {
 }
 
 std::runtime_error ApplianceFile::problem(std::string_view cause, int line) const {
-    return std::runtime_error{path() + (line > 0 ? ':' + std::to_string(line) : "") + ": " +
-                              std::string{cause}};
+    return std::runtime_error{
+        path() + (line > 0 ? ':' + std::to_string(line) : "") + ": " + std::string{cause}};
 }
 
 /// What is written into the file in place within the resolution of its times may leave them as they are, so

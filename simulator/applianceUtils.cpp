@@ -47,8 +47,9 @@ void describe(Members& members, Settings& settings) {
     members("clockOffset", settings.clockOffset);
     members("areHostKeysStrong", settings.areHostKeysStrong);
     if constexpr (Members::isReading) {
-        members.require(settings.clockOffset >= -endOfYear9999 && settings.clockOffset <= endOfYear9999,
-                        "clockOffset: is out of range");
+        members.require(
+            settings.clockOffset >= -endOfYear9999 && settings.clockOffset <= endOfYear9999,
+            "clockOffset: is out of range");
     }
 }
 
@@ -68,8 +69,8 @@ struct Inventory {
     std::int32_t processors = 4;
     std::vector<ComponentFirmware> components{
         {1, "BIOS 1.07"}, {2, "BMC 4.20"}, {3, "RAID controller 23.34.0"}, {4, "disk SN05"}};
-    std::vector<resetFileError> resetErrors{{"/var/log/audit.log", EBUSY},
-                                            {"/etc/ssh/ssh_host_rsa_key", EACCES}};
+    std::vector<resetFileError> resetErrors{
+        {"/var/log/audit.log", EBUSY}, {"/etc/ssh/ssh_host_rsa_key", EACCES}};
 };
 
 template <typename Members>

@@ -94,8 +94,9 @@ void checkText(const Objects& objects, const ConfigField& field, const Value* va
     const auto* simple = dynamic_cast<const SimpleValue*>(value);
     require(simple != nullptr, field.name, "must be a text");
     require(field.accepts(simple->value), field.name, "must be " + field.accepted);
-    require(field.refersTo.empty() || objects.contains({field.refersTo, "", simple->value}), field.name,
-            "there is no " + field.refersTo + " " + simple->value);
+    require(
+        field.refersTo.empty() || objects.contains({field.refersTo, "", simple->value}), field.name,
+        "there is no " + field.refersTo + " " + simple->value);
 }
 
 void checkField(const Objects& objects, const ConfigField& field, const Value* value) {
@@ -110,9 +111,11 @@ void checkValue(const Objects& objects, const ConfigType& type, const Value& val
     const auto* structure = dynamic_cast<const StructValue*>(&value);
     require(structure != nullptr, type.name, "must be a structure");
     for (const auto& [name, member] : structure->members) {
-        require(std::any_of(type.fields.begin(), type.fields.end(),
-                            [&, &wanted = name](const ConfigField& field) { return field.name == wanted; }),
-                name, "is not a field of " + type.name);
+        require(
+            std::any_of(
+                type.fields.begin(), type.fields.end(),
+                [&, &wanted = name](const ConfigField& field) { return field.name == wanted; }),
+            name, "is not a field of " + type.name);
     }
     for (const ConfigField& field : type.fields) {
         const auto member = structure->members.find(field.name);
@@ -129,8 +132,9 @@ bool hasParent(const Objects& objects, const ConfigType& type, const std::string
 }
 
 void checkState(AdminState state) {
-    require(state == AdminState::ENABLED || state == AdminState::DISABLED, "adminState",
-            "must be ENABLED or DISABLED");
+    require(
+        state == AdminState::ENABLED || state == AdminState::DISABLED, "adminState",
+        "must be ENABLED or DISABLED");
 }
 
 bool refersTo(const Key& user, const Object& object, const Key& used) {
@@ -152,8 +156,8 @@ void checkUnused(const Objects& objects, const Key& used) {
         if (refersTo(key, object, used)) users.push_back(key.type + " " + key.name);
     }
     if (!users.empty()) {
-        throw ConfigChangeException{static_cast<std::int32_t>(Code::IN_USE),
-                                    used.type + " " + used.name + " is in use", users};
+        throw ConfigChangeException{
+            static_cast<std::int32_t>(Code::IN_USE), used.type + " " + used.name + " is in use", users};
     }
 }
 
@@ -265,8 +269,9 @@ Code changeObject(const Key& key, Action action) {
 
 namespace talvern::config::simulated {
 
-Code createObject(const std::string& type, const std::string& parent, const std::string& name,
-                  const Value* value, AdminState adminState, bool replace) {
+Code createObject(
+    const std::string& type, const std::string& parent, const std::string& name, const Value* value,
+    AdminState adminState, bool replace) {
     const ConfigType* known = configType(type);
     if (known == nullptr) return Code::INVALID_TYPE;
     if (!isName(name)) return Code::INVALID_NAME;
@@ -283,8 +288,9 @@ Code createObject(const std::string& type, const std::string& parent, const std:
     });
 }
 
-Code updateObject(const std::string& type, const std::string& parent, const std::string& name,
-                  const Value* value, bool merge) {
+Code updateObject(
+    const std::string& type, const std::string& parent, const std::string& name, const Value* value,
+    bool merge) {
     if (value == nullptr) return Code::NULL_VALUE;
     return changeObject({type, parent, name}, [&](Object& object, const Objects& objects) {
         std::unique_ptr<Value> changed = merge ? merged(*object.value, *value) : copyOf(value);
@@ -354,16 +360,16 @@ std::vector<std::string> getObjectTypes() {
     return names;
 }
 
-Code getAdminState(const std::string& type, const std::string& parent, const std::string& name,
-                   AdminState& adminState) {
+Code getAdminState(
+    const std::string& type, const std::string& parent, const std::string& name, AdminState& adminState) {
     return readObject({type, parent, name}, [&](const Object& object, const Objects&) {
         adminState = object.adminState;
         return Code::OK;
     });
 }
 
-Code setAdminState(const std::string& type, const std::string& parent, const std::string& name,
-                   AdminState adminState) {
+Code setAdminState(
+    const std::string& type, const std::string& parent, const std::string& name, AdminState adminState) {
     const Key key{type, parent, name};
     return changeObject(key, [&](Object& object, const Objects& objects) {
         checkState(adminState);
@@ -373,16 +379,16 @@ Code setAdminState(const std::string& type, const std::string& parent, const std
     });
 }
 
-Code getOpState(const std::string& type, const std::string& parent, const std::string& name,
-                OpState& opState) {
+Code getOpState(
+    const std::string& type, const std::string& parent, const std::string& name, OpState& opState) {
     return readObject({type, parent, name}, [&](const Object& object, const Objects&) {
         opState = object.opState;
         return Code::OK;
     });
 }
 
-Code setOpState(const std::string& type, const std::string& parent, const std::string& name,
-                OpState opState) {
+Code setOpState(
+    const std::string& type, const std::string& parent, const std::string& name, OpState opState) {
     if (opState < OpState::UNKNOWN || opState > OpState::FAILED) return Code::FAILED;
     return changeObject({type, parent, name}, [&](Object& object, const Objects&) {
         object.opState = opState;

@@ -24,9 +24,9 @@ ConfigField number(std::string name, int least, int greatest, std::string exampl
         const auto [rest, error] = std::from_chars(digits.data(), end, value);
         return error == std::errc{} && rest == end && value >= least && value <= greatest;
     };
-    return text(std::move(name), accepts,
-                "a number from " + std::to_string(least) + " to " + std::to_string(greatest),
-                std::move(example));
+    return text(
+        std::move(name), accepts,
+        "a number from " + std::to_string(least) + " to " + std::to_string(greatest), std::move(example));
 }
 
 ConfigField choice(std::string name, const std::vector<std::string>& choices) {

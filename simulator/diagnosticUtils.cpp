@@ -27,8 +27,8 @@ std::vector<std::string> resolve(const std::string& host) {
     std::vector<std::string> addresses = hosts::getAddresses();
     std::erase_if(addresses, [&](const std::string& address) {
         const auto names = hosts::getHostnames(address);
-        return std::none_of(names.begin(), names.end(),
-                            [&](const std::string& name) { return isSameName(name, host); });
+        return std::none_of(
+            names.begin(), names.end(), [&](const std::string& name) { return isSameName(name, host); });
     });
     if (addresses.empty() && isSameName(host, "localhost")) return {"127.0.0.1"};
     if (addresses.empty() && isSameName(host, talvern::nodeName::simulated::get())) return {ownAddress};

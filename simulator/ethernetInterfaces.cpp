@@ -119,8 +119,9 @@ bool isAcceptable(const State& state, const std::string& key, const std::string&
     if (key == "parent") return isOneOf(state, value, {"ethernet", "aggregate"});
     if (key == "members") {
         const std::vector<std::string> members = split(value);
-        return std::all_of(members.begin(), members.end(),
-                           [&](const std::string& member) { return isOneOf(state, member, {"ethernet"}); });
+        return std::all_of(members.begin(), members.end(), [&](const std::string& member) {
+            return isOneOf(state, member, {"ethernet"});
+        });
     }
     return true;
 }
@@ -136,8 +137,9 @@ void describe(Members& members, Interface& interface) {
     members("virtualAddresses", interface.virtualAddresses);
     if constexpr (Members::isReading) {
         constexpr std::array types{"ethernet", "aggregate", "vlan", "loopback"};
-        members.require(std::find(types.begin(), types.end(), interface.type) != types.end(),
-                        "type: must be ethernet, aggregate, vlan or loopback");
+        members.require(
+            std::find(types.begin(), types.end(), interface.type) != types.end(),
+            "type: must be ethernet, aggregate, vlan or loopback");
     }
 }
 
@@ -166,8 +168,8 @@ bool isUp(const State& state, const std::string& name) {
     if (interface.type == "vlan") return isUp(state, valueOf(interface.configuration, "parent"));
     if (interface.type != "aggregate") return interface.hasLink;
     const std::vector<std::string> members = split(valueOf(interface.configuration, "members"));
-    return std::any_of(members.begin(), members.end(),
-                       [&](const std::string& member) { return isUp(state, member); });
+    return std::any_of(
+        members.begin(), members.end(), [&](const std::string& member) { return isUp(state, member); });
 }
 
 /// One attribute set per address, then one per member of an aggregate.
@@ -175,9 +177,10 @@ std::vector<KeyValPair> detailsOf(const State& state, const Interface& interface
     std::vector<KeyValPair> details;
     const std::string address = valueOf(interface.configuration, "ipAddress");
     if (!address.empty()) {
-        details.push_back({{{"address", address},
-                            {"kind", "primary"},
-                            {"netmask", valueOf(interface.configuration, "netmask")}}});
+        details.push_back(
+            {{{"address", address},
+              {"kind", "primary"},
+              {"netmask", valueOf(interface.configuration, "netmask")}}});
     }
     for (const std::string& virtualAddress : interface.virtualAddresses) {
         details.push_back({{{"address", virtualAddress}, {"kind", "virtual"}}});

@@ -42,10 +42,11 @@ void describe(Members& members, Fault& fault) {
     members("delay", fault.delay);
     members("times", fault.times);
     if constexpr (Members::isReading) {
-        members.require(std::find(names.begin(), names.end(), fault.operation) != names.end(),
-                        "operation: there is no " + fault.operation);
-        members.require(fault.delay <= longestDelay,
-                        "delay: must be at most " + std::to_string(longestDelay));
+        members.require(
+            std::find(names.begin(), names.end(), fault.operation) != names.end(),
+            "operation: there is no " + fault.operation);
+        members.require(
+            fault.delay <= longestDelay, "delay: must be at most " + std::to_string(longestDelay));
         members.require(fault.times != 0U, "times: must be at least 1");
     }
 }

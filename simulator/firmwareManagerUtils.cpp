@@ -64,8 +64,8 @@ bool isBusy() { return isUpgrading || (isKept && !FileLock::attempt(FileLock::up
 
 std::optional<Image> find(const std::string& name) {
     return memory.read([&](const State& state) -> std::optional<Image> {
-        const auto found = std::find_if(state.images.begin(), state.images.end(),
-                                        [&](const Image& image) { return image.name == name; });
+        const auto found = std::find_if(
+            state.images.begin(), state.images.end(), [&](const Image& image) { return image.name == name; });
         if (found == state.images.end()) return std::nullopt;
         return *found;
     });
@@ -76,8 +76,9 @@ struct Stage {
     FwUpgradeCode code;
     int end;
 };
-constexpr std::array stages{Stage{FwUpgradeCode::verifying, 20}, Stage{FwUpgradeCode::unpacking, 50},
-                            Stage{FwUpgradeCode::writing, 100}};
+constexpr std::array stages{
+    Stage{FwUpgradeCode::verifying, 20}, Stage{FwUpgradeCode::unpacking, 50},
+    Stage{FwUpgradeCode::writing, 100}};
 
 class Upgrade {
   public:

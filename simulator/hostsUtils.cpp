@@ -8,8 +8,8 @@
 namespace {
 
 struct State {
-    std::map<std::string, std::vector<std::string>> table{{"127.0.0.1", {"localhost"}},
-                                                          {"10.0.0.20", {"db.example.com", "db"}}};
+    std::map<std::string, std::vector<std::string>> table{
+        {"127.0.0.1", {"localhost"}}, {"10.0.0.20", {"db.example.com", "db"}}};
 };
 
 void fromJson(const json::Node& node, State& state) {

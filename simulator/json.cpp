@@ -65,8 +65,9 @@ void addCharacter(std::string& text, char32_t character) {
     } else if (character < 0x10000) {
         addThreeBytes(text, character);
     } else {
-        text += {static_cast<char>(0xF0 | (character >> 18)), continuation(character >> 12),
-                 continuation(character >> 6), continuation(character)};
+        text +=
+            {static_cast<char>(0xF0 | (character >> 18)), continuation(character >> 12),
+             continuation(character >> 6), continuation(character)};
     }
 }
 
@@ -190,14 +191,15 @@ class Builder : public nlohmann::json_sax<nlohmann::json> {
         for (const Node* member = object.firstChild; member != nullptr; member = member->next) {
             members_.push_back(member);
         }
-        std::sort(members_.begin(), members_.end(),
-                  [](const Node* one, const Node* other) { return one->key < other->key; });
-        const auto second =
-            std::adjacent_find(members_.begin(), members_.end(),
-                               [](const Node* one, const Node* other) { return one->key == other->key; });
+        std::sort(members_.begin(), members_.end(), [](const Node* one, const Node* other) {
+            return one->key < other->key;
+        });
+        const auto second = std::adjacent_find(
+            members_.begin(), members_.end(),
+            [](const Node* one, const Node* other) { return one->key == other->key; });
         if (second != members_.end()) {
-            throw Problem{std::max((*second)->line, second[1]->line),
-                          "there are two members " + (*second)->key};
+            throw Problem{
+                std::max((*second)->line, second[1]->line), "there are two members " + (*second)->key};
         }
     }
 
@@ -260,8 +262,8 @@ void Text::addQuoted(std::string_view modifiedUtf8) {
         text_ += modifiedUtf8.substr(begin, i - begin);
         if (i == modifiedUtf8.size()) break;
         const bool isAscii = static_cast<unsigned char>(modifiedUtf8[i]) < 0x80;
-        addCharacter(text_,
-                     isAscii ? static_cast<char32_t>(modifiedUtf8[i++]) : takeCharacter(modifiedUtf8, i));
+        addCharacter(
+            text_, isAscii ? static_cast<char32_t>(modifiedUtf8[i++]) : takeCharacter(modifiedUtf8, i));
     }
     text_ += '"';
 }

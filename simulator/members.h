@@ -93,8 +93,9 @@ class Reader {
     static void read(const json::Node& node, Number& value) {
         using Limits = std::numeric_limits<Number>;
         if (node.kind != json::Kind::integer || !std::in_range<Number>(node.number)) {
-            throw json::Problem{node.line, "must be a whole number from " + std::to_string(Limits::min()) +
-                                               " to " + std::to_string(Limits::max())};
+            throw json::Problem{
+                node.line, "must be a whole number from " + std::to_string(Limits::min()) + " to " +
+                               std::to_string(Limits::max())};
         }
         value = static_cast<Number>(node.number);
     }

@@ -124,8 +124,9 @@ void refreshMemory() { refresh(false); }
 void resetMemory() {
     const std::lock_guard lock{memoryMutex};
     std::vector<Section*> restored;
-    std::copy_if(sections().begin(), sections().end(), std::back_inserter(restored),
-                 [](const Section* section) { return section->onReset == OnReset::restored; });
+    std::copy_if(
+        sections().begin(), sections().end(), std::back_inserter(restored),
+        [](const Section* section) { return section->onReset == OnReset::restored; });
     std::optional<KeptChange> change;
     if (isKept) change.emplace(restored);
     for (Section* section : restored) section->restore();

@@ -51,10 +51,10 @@ namespace talvern::packetCapture::simulated {
 // NOLINTBEGIN(performance-unnecessary-value-param): these prototypes are the platform's
 
 // No packets pass, so no limit is reached and a capture runs until it is stopped.
-InterfaceState
-sStartPacketCapture(std::string interfaceName, std::string fileName, std::string /*filter*/,
-                    unsigned int /*snapLength*/, unsigned long /*maxBytes*/, unsigned int /*maxSeconds*/,
-                    unsigned int /*maxPackets*/, bool /*isPromiscuous*/) {
+InterfaceState sStartPacketCapture(
+    std::string interfaceName, std::string fileName, std::string /*filter*/, unsigned int /*snapLength*/,
+    unsigned long /*maxBytes*/, unsigned int /*maxSeconds*/, unsigned int /*maxPackets*/,
+    bool /*isPromiscuous*/) {
     if (!isInterface(interfaceName)) return unknownInterface;
     if (fileName.empty()) return invalidArguments;
     return memory.change([&](Captures& captures) {

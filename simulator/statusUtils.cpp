@@ -208,24 +208,28 @@ void describe(Members& members, Load& load) {
 }
 
 struct State {
-    std::vector<FanStatus> fans{{"fan 1", "5400 rpm", 5400, 2000, true},
-                                {"fan 2", "5350 rpm", 5350, 2000, true},
-                                {"fan 3", "1250 rpm", 1250, 2000, false}};
-    std::vector<TempStatus> temperatures{{"processor", "48 C", 48, 80, 95, true},
-                                         {"board", "35 C", 35, 60, 75, true},
-                                         {"inlet", "24 C", 24, 40, 50, true}};
+    std::vector<FanStatus> fans{
+        {"fan 1", "5400 rpm", 5400, 2000, true},
+        {"fan 2", "5350 rpm", 5350, 2000, true},
+        {"fan 3", "1250 rpm", 1250, 2000, false}};
+    std::vector<TempStatus> temperatures{
+        {"processor", "48 C", 48, 80, 95, true},
+        {"board", "35 C", 35, 60, 75, true},
+        {"inlet", "24 C", 24, 40, 50, true}};
     std::vector<PowerStatus> powerSupplies{{"power supply 1", "on", true}, {"power supply 2", "on", true}};
-    std::vector<VoltStatus> voltages{{"12 V", "12.04 V", 12'040, 12'600, 11'400, true},
-                                     {"5 V", "5.02 V", 5'020, 5'250, 4'750, true},
-                                     {"3.3 V", "3.31 V", 3'310, 3'465, 3'135, true},
-                                     {"battery", "3.05 V", 3'050, 3'300, 2'700, true}};
-    std::vector<VolumeStatus> volumes{{"system",
-                                       1,
-                                       {{"/", 40'960, 12'310, "ext4", true},
-                                        {"/var", 409'600, 96'204, "ext4", true},
-                                        {"/boot", 1'024, 212, "ext4", true}},
-                                       true,
-                                       100}};
+    std::vector<VoltStatus> voltages{
+        {"12 V", "12.04 V", 12'040, 12'600, 11'400, true},
+        {"5 V", "5.02 V", 5'020, 5'250, 4'750, true},
+        {"3.3 V", "3.31 V", 3'310, 3'465, 3'135, true},
+        {"battery", "3.05 V", 3'050, 3'300, 2'700, true}};
+    std::vector<VolumeStatus> volumes{
+        {"system",
+         1,
+         {{"/", 40'960, 12'310, "ext4", true},
+          {"/var", 409'600, 96'204, "ext4", true},
+          {"/boot", 1'024, 212, "ext4", true}},
+         true,
+         100}};
     std::vector<DiskSnapShot> disks{firstDisk, secondDisk()};
     Load load;
     MemoryUse memory;
@@ -234,10 +238,11 @@ struct State {
     BatteryStatus battery{startOf2024, 97, startOf2024 + 4 * year};
     std::int32_t intrusion = 1;
     bool isLocateLedOn = false;
-    std::vector<ServiceStatus> services{ServiceStatus::configuration, ServiceStatus::processManager,
-                                        ServiceStatus::firmwareManager, ServiceStatus::userManager};
-    std::vector<ServiceStatus> netServices{ServiceStatus::configuration, ServiceStatus::processManager,
-                                           ServiceStatus::firmwareManager};
+    std::vector<ServiceStatus> services{
+        ServiceStatus::configuration, ServiceStatus::processManager, ServiceStatus::firmwareManager,
+        ServiceStatus::userManager};
+    std::vector<ServiceStatus> netServices{
+        ServiceStatus::configuration, ServiceStatus::processManager, ServiceStatus::firmwareManager};
 };
 
 template <typename Members>

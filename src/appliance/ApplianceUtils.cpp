@@ -49,13 +49,13 @@ extern "C" {
 
 // Identity
 
-JNIEXPORT jstring JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1getSerialNumber(JNIEnv* env,
-                                                                                          jobject) {
+JNIEXPORT jstring JNICALL
+Java_com_kvo_talvern_appliance_ApplianceUtils__1getSerialNumber(JNIEnv* env, jobject) {
     return passOn(env, NullIfEmpty{}, applianceUtils::getSerialNumber);
 }
 
-JNIEXPORT jstring JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1getMachineType(JNIEnv* env,
-                                                                                         jobject) {
+JNIEXPORT jstring JNICALL
+Java_com_kvo_talvern_appliance_ApplianceUtils__1getMachineType(JNIEnv* env, jobject) {
     return passOn(env, NullIfEmpty{}, applianceUtils::getMachineType);
 }
 
@@ -77,9 +77,8 @@ JNIEXPORT jstring JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1getLoc
     return passOn(env, jstring{}, applianceUtils::getLocale);
 }
 
-JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1setLocale(JNIEnv* env, jobject,
-                                                                                     jstring locale,
-                                                                                     jstring modifier) {
+JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1setLocale(
+    JNIEnv* env, jobject, jstring locale, jstring modifier) {
     return entryPoint(env, jboolean{JNI_FALSE}, [&] {
         UtfStrings utf{env};
         const char* localeChars = utf.take(locale);
@@ -88,19 +87,18 @@ JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1setLo
     });
 }
 
-JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1setDefaultLocale(JNIEnv* env,
-                                                                                            jobject,
-                                                                                            jstring locale) {
+JNIEXPORT jboolean JNICALL
+Java_com_kvo_talvern_appliance_ApplianceUtils__1setDefaultLocale(JNIEnv* env, jobject, jstring locale) {
     return passOn(env, jboolean{JNI_FALSE}, applianceUtils::setDefaultLocale, locale);
 }
 
-JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1getDateTime(JNIEnv* env,
-                                                                                           jobject) {
+JNIEXPORT jobjectArray JNICALL
+Java_com_kvo_talvern_appliance_ApplianceUtils__1getDateTime(JNIEnv* env, jobject) {
     return passOn(env, jobjectArray{}, applianceUtils::getDateTime);
 }
 
-JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1setDateTime(JNIEnv* env, jobject,
-                                                                                       jlong time) {
+JNIEXPORT jboolean JNICALL
+Java_com_kvo_talvern_appliance_ApplianceUtils__1setDateTime(JNIEnv* env, jobject, jlong time) {
     return entryPoint(env, jboolean{JNI_FALSE}, [&] {
         std::int32_t errorNumber = 0;
         const bool isSet = applianceUtils::setDateTime(time, errorNumber);
@@ -115,8 +113,8 @@ JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1setDa
 
 // Inventory
 
-JNIEXPORT jobject JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1getHardwareInfo(JNIEnv* env,
-                                                                                          jobject) {
+JNIEXPORT jobject JNICALL
+Java_com_kvo_talvern_appliance_ApplianceUtils__1getHardwareInfo(JNIEnv* env, jobject) {
     return entryPoint(env, jobject{}, [&] {
         const Constructor<
             "(Ljava/lang/String;Ljava/lang/String;Ljava/lang/String;Ljava/lang/String;"
@@ -130,13 +128,13 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1getHar
         jstring serialNumber = toJavaString(env, info.serialNumber);
         jstring biosVersion = toJavaString(env, info.biosVersion);
         jstring biosDate = toJavaString(env, info.biosDate);
-        return create(manufacturer, productName, machineType, serialNumber, biosVersion, biosDate,
-                      info.isVirtual);
+        return create(
+            manufacturer, productName, machineType, serialNumber, biosVersion, biosDate, info.isVirtual);
     });
 }
 
-JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1getComponentInfo(JNIEnv* env,
-                                                                                                jobject) {
+JNIEXPORT jobjectArray JNICALL
+Java_com_kvo_talvern_appliance_ApplianceUtils__1getComponentInfo(JNIEnv* env, jobject) {
     return entryPoint(env, jobjectArray{}, [&] {
         jclass javaClass = findClass(env, "com/kvo/talvern/appliance/ComponentFirmware");
         const Constructor<"(ILjava/lang/String;)V"> create{env, javaClass};
@@ -151,8 +149,8 @@ JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1g
 
 // Network diagnostics: the characters go back before the result is made.
 
-JNIEXPORT jstring JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1dnsResolve(JNIEnv* env, jobject,
-                                                                                     jstring host) {
+JNIEXPORT jstring JNICALL
+Java_com_kvo_talvern_appliance_ApplianceUtils__1dnsResolve(JNIEnv* env, jobject, jstring host) {
     return entryPoint(env, "", [&] {
         UtfStrings utf{env};
         std::string result;
@@ -162,9 +160,8 @@ JNIEXPORT jstring JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1dnsRes
     });
 }
 
-JNIEXPORT jstring JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1tcpConnect(JNIEnv* env, jobject,
-                                                                                     jstring host,
-                                                                                     jint port) {
+JNIEXPORT jstring JNICALL
+Java_com_kvo_talvern_appliance_ApplianceUtils__1tcpConnect(JNIEnv* env, jobject, jstring host, jint port) {
     return entryPoint(env, "JNI error", [&] {
         UtfStrings utf{env};
         std::string error;
@@ -176,8 +173,8 @@ JNIEXPORT jstring JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1tcpCon
     });
 }
 
-JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1pingHost(JNIEnv* env, jobject,
-                                                                                    jstring host) {
+JNIEXPORT jboolean JNICALL
+Java_com_kvo_talvern_appliance_ApplianceUtils__1pingHost(JNIEnv* env, jobject, jstring host) {
     return entryPoint(env, jboolean{JNI_FALSE}, [&] {
         UtfStrings utf{env};
         std::string output;
@@ -192,15 +189,15 @@ JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1networkRe
     });
 }
 
-JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1syncNTPServer(JNIEnv* env, jobject,
-                                                                                         jstring server) {
+JNIEXPORT jboolean JNICALL
+Java_com_kvo_talvern_appliance_ApplianceUtils__1syncNTPServer(JNIEnv* env, jobject, jstring server) {
     return passOn(env, jboolean{JNI_FALSE}, applianceUtils::syncNTPServer, server);
 }
 
 // Reset and host keys
 
-JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1deviceRESET(JNIEnv* env, jobject,
-                                                                                   jobjectArray javaErrors) {
+JNIEXPORT jint JNICALL
+Java_com_kvo_talvern_appliance_ApplianceUtils__1deviceRESET(JNIEnv* env, jobject, jobjectArray javaErrors) {
     return entryPoint(env, jint{3}, [&] {
         // All that may fail comes first: a reset can't be taken back.
         const JavaFileErrors javaFileErrors{env};
@@ -215,18 +212,18 @@ JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1deviceRES
     });
 }
 
-JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1areHostSSHKeysStrong(JNIEnv* env,
-                                                                                                jobject) {
+JNIEXPORT jboolean JNICALL
+Java_com_kvo_talvern_appliance_ApplianceUtils__1areHostSSHKeysStrong(JNIEnv* env, jobject) {
     return passOn(env, jboolean{JNI_FALSE}, applianceUtils::areHostSSHKeysStrong);
 }
 
-JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1resetHostSSHKeys(JNIEnv* env,
-                                                                                        jobject) {
+JNIEXPORT jint JNICALL
+Java_com_kvo_talvern_appliance_ApplianceUtils__1resetHostSSHKeys(JNIEnv* env, jobject) {
     return passOn(env, jint{2}, applianceUtils::resetHostSSHKeys);
 }
 
-JNIEXPORT void JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1triggerException(JNIEnv* env, jobject,
-                                                                                        jstring text) {
+JNIEXPORT void JNICALL
+Java_com_kvo_talvern_appliance_ApplianceUtils__1triggerException(JNIEnv* env, jobject, jstring text) {
     passOn(env, applianceUtils::triggerException, text);
 }
 }

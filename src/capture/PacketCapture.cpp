@@ -54,13 +54,13 @@ JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_PacketCapture__1stopPacket
     return passOn(env, jint{0}, packetCapture::sStopPacketCapture, interfaceName);
 }
 
-JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_PacketCapture__1removeCapture(JNIEnv* env, jobject,
-                                                                                    jstring interfaceName) {
+JNIEXPORT jint JNICALL
+Java_com_kvo_talvern_appliance_PacketCapture__1removeCapture(JNIEnv* env, jobject, jstring interfaceName) {
     return passOn(env, jint{0}, packetCapture::sRemoveCapture, interfaceName);
 }
 
-JNIEXPORT jobject JNICALL Java_com_kvo_talvern_appliance_PacketCapture__1getAllCapturedInterfaces(JNIEnv* env,
-                                                                                                  jobject) {
+JNIEXPORT jobject JNICALL
+Java_com_kvo_talvern_appliance_PacketCapture__1getAllCapturedInterfaces(JNIEnv* env, jobject) {
     return entryPoint(env, jobject{}, [&] {
         const auto interfaces = packetCapture::sGetAllCapturedInterfaces();
         return JavaVectors{env}.of(interfaces);

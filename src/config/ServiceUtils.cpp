@@ -82,8 +82,8 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1createObjec
         UtfStrings utf{env};
         const ObjectId id{utf, type, parent, name};
         return requestWithValue(env, receiver, utf, value, [&](const Value* tree) {
-            return Service::createObject(id.type, id.parent, id.name, tree, Service::AdminState{state},
-                                         replace == JNI_TRUE);
+            return Service::createObject(
+                id.type, id.parent, id.name, tree, Service::AdminState{state}, replace == JNI_TRUE);
         });
     });
 }
@@ -105,17 +105,13 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1deleteObjec
     return changeWhole(env, receiver, Service::deleteObject, type, parent, name);
 }
 
-JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1resetObject(JNIEnv* env,
-                                                                                 jobject receiver,
-                                                                                 jstring type, jstring parent,
-                                                                                 jstring name) {
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1resetObject(
+    JNIEnv* env, jobject receiver, jstring type, jstring parent, jstring name) {
     return changeWhole(env, receiver, Service::resetObject, type, parent, name);
 }
 
-JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1queryObject(JNIEnv* env,
-                                                                                 jobject receiver,
-                                                                                 jstring type, jstring parent,
-                                                                                 jstring name) {
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1queryObject(
+    JNIEnv* env, jobject receiver, jstring type, jstring parent, jstring name) {
     return entryPoint(env, jobject{}, [&] {
         UtfStrings utf{env};
         const ObjectId id{utf, type, parent, name};
@@ -127,22 +123,19 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1queryObject
     });
 }
 
-JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1validateObject(JNIEnv* env,
-                                                                                    jobject receiver,
-                                                                                    jstring type,
-                                                                                    jobject value) {
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1validateObject(
+    JNIEnv* env, jobject receiver, jstring type, jobject value) {
     return validatingEntryPoint(env, jobject{}, [&] {
         UtfStrings utf{env};
         const std::string nativeType = identifier(utf, type);
-        return requestWithValue(env, receiver, utf, value,
-                                [&](const Value* tree) { return Service::validateObject(nativeType, tree); });
+        return requestWithValue(env, receiver, utf, value, [&](const Value* tree) {
+            return Service::validateObject(nativeType, tree);
+        });
     });
 }
 
-JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1getNamesofObject(JNIEnv* env,
-                                                                                      jobject receiver,
-                                                                                      jstring type,
-                                                                                      jstring parent) {
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1getNamesofObject(
+    JNIEnv* env, jobject receiver, jstring type, jstring parent) {
     return entryPoint(env, jobject{}, [&] {
         UtfStrings utf{env};
         const std::string nativeType = identifier(utf, type);
@@ -158,8 +151,8 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1getNamesofO
     });
 }
 
-JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1getObjectTypes(JNIEnv* env,
-                                                                                    jobject receiver) {
+JNIEXPORT jobject JNICALL
+Java_com_kvo_talvern_config_ServiceUtils__1getObjectTypes(JNIEnv* env, jobject receiver) {
     return entryPoint(env, jobject{}, [&] {
         const JavaLists<"java/util/ArrayList"> lists{env};
         jobject javaTypes = lists.create();
@@ -191,9 +184,8 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1setAdminSta
     });
 }
 
-JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1getOpState(JNIEnv* env, jobject receiver,
-                                                                                jstring type, jstring parent,
-                                                                                jstring name) {
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1getOpState(
+    JNIEnv* env, jobject receiver, jstring type, jstring parent, jstring name) {
     return entryPoint(env, jobject{}, [&] {
         UtfStrings utf{env};
         const ObjectId id{utf, type, parent, name};
@@ -204,10 +196,8 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1getOpState(
     });
 }
 
-JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1setOpState(JNIEnv* env, jobject receiver,
-                                                                                jstring type, jstring parent,
-                                                                                jstring name,
-                                                                                jobject javaState) {
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1setOpState(
+    JNIEnv* env, jobject receiver, jstring type, jstring parent, jstring name, jobject javaState) {
     return entryPoint(env, jobject{}, [&] {
         UtfStrings utf{env};
         const ObjectId id{utf, type, parent, name};

@@ -29,9 +29,9 @@ inline std::array<jdouble, 6> limitsOf(const statusUtils::VoltStatus& voltage) {
 template <typename Status>
 jobjectArray readSensors(JNIEnv* env, bool (*read)(std::vector<Status>&)) {
     constexpr bool hasLimits = !decltype(limitsOf(std::declval<Status>())){}.empty();
-    using Create =
-        std::conditional_t<hasLimits, Constructor<"(Ljava/lang/String;Ljava/lang/String;ZDDDDDD)V">,
-                           Constructor<"(Ljava/lang/String;Ljava/lang/String;Z)V">>;
+    using Create = std::conditional_t<
+        hasLimits, Constructor<"(Ljava/lang/String;Ljava/lang/String;ZDDDDDD)V">,
+        Constructor<"(Ljava/lang/String;Ljava/lang/String;Z)V">>;
 
     const std::vector<Status> sensors = readList(read);
     if (sensors.empty()) return nullptr;

@@ -105,10 +105,10 @@ void report(JNIEnv* env, jint done, jint total, FwUpgradeCode code) {
     const LocalFrame frame{env};
     jobject callback = toLocalReference(env);
     const Classes classes = classesOf(env, callback);
-    const Method<"progress", "(IILcom/kvo/talvern/firmwaremanager/UpgradeCode;)V"> progress{env,
-                                                                                            classes.callback};
-    const StaticMethod<"values", "()[Lcom/kvo/talvern/firmwaremanager/UpgradeCode;"> values{env,
-                                                                                            classes.code};
+    const Method<"progress", "(IILcom/kvo/talvern/firmwaremanager/UpgradeCode;)V"> progress{
+        env, classes.callback};
+    const StaticMethod<"values", "()[Lcom/kvo/talvern/firmwaremanager/UpgradeCode;"> values{
+        env, classes.code};
     jobject javaCode = notNull(JavaEnumConstants{env, values()}.at(static_cast<jint>(code)));
     progress(callback, done, total, javaCode);
 }

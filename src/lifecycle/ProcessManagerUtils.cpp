@@ -40,13 +40,13 @@ JNIEXPORT void JNICALL Java_com_kvo_talvern_processmanager_ProcessManagerUtils__
     passOn(env, processManagerUtils::distributeLogging, traceMask, level);
 }
 
-JNIEXPORT jint JNICALL Java_com_kvo_talvern_processmanager_ProcessManagerUtils__1requestReboot(JNIEnv* env,
-                                                                                               jobject) {
+JNIEXPORT jint JNICALL
+Java_com_kvo_talvern_processmanager_ProcessManagerUtils__1requestReboot(JNIEnv* env, jobject) {
     return passOn(env, jint{4}, processManagerUtils::requestReboot);
 }
 
-JNIEXPORT jint JNICALL Java_com_kvo_talvern_processmanager_ProcessManagerUtils__1requestShutdown(JNIEnv* env,
-                                                                                                 jobject) {
+JNIEXPORT jint JNICALL
+Java_com_kvo_talvern_processmanager_ProcessManagerUtils__1requestShutdown(JNIEnv* env, jobject) {
     return passOn(env, jint{4}, processManagerUtils::requestShutdown);
 }
 

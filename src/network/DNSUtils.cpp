@@ -9,13 +9,13 @@ namespace talvern::bridge {
 
 extern "C" {
 
-JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_appliance_DNSUtils__1getNameServers(JNIEnv* env,
-                                                                                        jobject) {
+JNIEXPORT jobjectArray JNICALL
+Java_com_kvo_talvern_appliance_DNSUtils__1getNameServers(JNIEnv* env, jobject) {
     return passOn(env, jobjectArray{}, nameServers::getNameServers, nullptr);
 }
 
-JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_DNSUtils__1setNameServers(JNIEnv* env, jobject,
-                                                                                    jobjectArray servers) {
+JNIEXPORT jboolean JNICALL
+Java_com_kvo_talvern_appliance_DNSUtils__1setNameServers(JNIEnv* env, jobject, jobjectArray servers) {
     return entryPoint(env, jboolean{JNI_FALSE}, [&] {
         const auto list = toNativeStringList(env, servers);
         // Java knows nothing of the companion list: without this it would be lost with every change.
@@ -25,13 +25,13 @@ JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_DNSUtils__1setNameServ
     });
 }
 
-JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_appliance_DNSUtils__1getSearchDomains(JNIEnv* env,
-                                                                                          jobject) {
+JNIEXPORT jobjectArray JNICALL
+Java_com_kvo_talvern_appliance_DNSUtils__1getSearchDomains(JNIEnv* env, jobject) {
     return passOn(env, jobjectArray{}, nameServers::getSearchDomains);
 }
 
-JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_DNSUtils__1setSearchDomains(JNIEnv* env, jobject,
-                                                                                      jobjectArray domains) {
+JNIEXPORT jboolean JNICALL
+Java_com_kvo_talvern_appliance_DNSUtils__1setSearchDomains(JNIEnv* env, jobject, jobjectArray domains) {
     return passOn(env, jboolean{JNI_FALSE}, nameServers::setSearchDomains, domains);
 }
 }

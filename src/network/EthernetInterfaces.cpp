@@ -94,16 +94,13 @@ Java_com_kvo_talvern_appliance_EthernetInterfaces__1getAggregateStatus(JNIEnv* e
     return getStatus(env, name, ethernetInterfaces::getAggregateStatus);
 }
 
-JNIEXPORT jobject JNICALL Java_com_kvo_talvern_appliance_EthernetInterfaces__1getVLANStatus(JNIEnv* env,
-                                                                                            jobject,
-                                                                                            jstring name) {
+JNIEXPORT jobject JNICALL
+Java_com_kvo_talvern_appliance_EthernetInterfaces__1getVLANStatus(JNIEnv* env, jobject, jstring name) {
     return getStatus(env, name, ethernetInterfaces::getVLANStatus);
 }
 
-JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_EthernetInterfaces__1addVIPToInterface(JNIEnv* env,
-                                                                                             jobject,
-                                                                                             jstring first,
-                                                                                             jstring second) {
+JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_EthernetInterfaces__1addVIPToInterface(
+    JNIEnv* env, jobject, jstring first, jstring second) {
     return passOn(env, interfaceFailure, ethernetInterfaces::addVIPToInterface, first, second);
 }
 
@@ -117,9 +114,8 @@ JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_EthernetInterfaces__1setHW
     return passOn(env, interfaceFailure, ethernetInterfaces::setHWAddressImmediate, first, second);
 }
 
-JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_EthernetInterfaces__1addVIPToLoopback(JNIEnv* env,
-                                                                                            jobject,
-                                                                                            jstring address) {
+JNIEXPORT jint JNICALL
+Java_com_kvo_talvern_appliance_EthernetInterfaces__1addVIPToLoopback(JNIEnv* env, jobject, jstring address) {
     return passOn(env, interfaceFailure, ethernetInterfaces::addVIPToLoopback, address);
 }
 

@@ -11,8 +11,8 @@ namespace talvern::bridge {
 
 extern "C" {
 
-JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_appliance_HostsUtils__1getAddresses(JNIEnv* env,
-                                                                                        jobject) {
+JNIEXPORT jobjectArray JNICALL
+Java_com_kvo_talvern_appliance_HostsUtils__1getAddresses(JNIEnv* env, jobject) {
     return entryPoint(env, jobjectArray{}, [&] {
         return toJavaStringArray(env, hostsUtils::getAddresses(), [](const std::string& address) {
             log::trace(7, "Address in JNI is %s", address.c_str());
@@ -20,14 +20,13 @@ JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_appliance_HostsUtils__1getAd
     });
 }
 
-JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_appliance_HostsUtils__1getHostnames(JNIEnv* env, jobject,
-                                                                                        jstring address) {
+JNIEXPORT jobjectArray JNICALL
+Java_com_kvo_talvern_appliance_HostsUtils__1getHostnames(JNIEnv* env, jobject, jstring address) {
     return passOn(env, jobjectArray{}, hostsUtils::getHostnames, address);
 }
 
-JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_HostsUtils__1setHostnames(JNIEnv* env, jobject,
-                                                                                    jstring address,
-                                                                                    jobjectArray hostnames) {
+JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_HostsUtils__1setHostnames(
+    JNIEnv* env, jobject, jstring address, jobjectArray hostnames) {
     return entryPoint(env, jboolean{JNI_FALSE}, [&] {
         const std::string nativeAddress = toNativeString(env, address);
         const auto list = toNativeStringList(env, hostnames);
@@ -35,8 +34,8 @@ JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_HostsUtils__1setHostna
     });
 }
 
-JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_HostsUtils__1deleteHostnames(JNIEnv* env, jobject,
-                                                                                       jstring address) {
+JNIEXPORT jboolean JNICALL
+Java_com_kvo_talvern_appliance_HostsUtils__1deleteHostnames(JNIEnv* env, jobject, jstring address) {
     return passOn(env, jboolean{JNI_FALSE}, hostsUtils::deleteHostnames, address);
 }
 }

@@ -23,11 +23,12 @@ jobject toJavaHashMap(JNIEnv* env, const KeyValPair& attributes, const JavaHashM
     return map;
 }
 
-jobjectArray toJavaHashMapArray(JNIEnv* env, const std::vector<KeyValPair*>& records,
-                                const JavaHashMaps& maps, const char* listName) {
+jobjectArray toJavaHashMapArray(
+    JNIEnv* env, const std::vector<KeyValPair*>& records, const JavaHashMaps& maps, const char* listName) {
     requireRecords(records, listName);
-    return toJavaArray(env, maps.javaClass(), maps.create(), records,
-                       [&](const KeyValPair* record) { return toJavaHashMap(env, *record, maps); });
+    return toJavaArray(env, maps.javaClass(), maps.create(), records, [&](const KeyValPair* record) {
+        return toJavaHashMap(env, *record, maps);
+    });
 }
 
 bool toKeyValPair(JNIEnv* env, jobjectArray keys, jobjectArray values, KeyValPair& attributes) {

@@ -20,8 +20,9 @@ jobject toJavaHashMap(JNIEnv* env, const types::KeyValPair& attributes, const Ja
 /// A Java array with one java.util.HashMap per record, in order; of length 0 if there are none. `listName`
 /// says what the list is of, for the message of the exception.
 /// @throws std::runtime_error  one of the pointers is null
-jobjectArray toJavaHashMapArray(JNIEnv* env, const std::vector<types::KeyValPair*>& records,
-                                const JavaHashMaps& maps, const char* listName);
+jobjectArray toJavaHashMapArray(
+    JNIEnv* env, const std::vector<types::KeyValPair*>& records, const JavaHashMaps& maps,
+    const char* listName);
 
 /// Stores each value under the key with the same index; where a key comes again, its last value stays.
 /// False: the arrays differ in length, and nothing is stored.

@@ -16,8 +16,8 @@ constexpr auto byPassword = userManagerUtils::loginType::password;
 
 extern "C" {
 
-JNIEXPORT jint JNICALL Java_com_kvo_talvern_user_UserUtils__1addUser(JNIEnv* env, jobject, jstring name,
-                                                                     jstring password) {
+JNIEXPORT jint JNICALL
+Java_com_kvo_talvern_user_UserUtils__1addUser(JNIEnv* env, jobject, jstring name, jstring password) {
     return passOn(env, exceptionStatus, userManagerUtils::addUser, name, password);
 }
 
@@ -25,8 +25,8 @@ JNIEXPORT jint JNICALL Java_com_kvo_talvern_user_UserUtils__1deleteUser(JNIEnv* 
     return passOn(env, exceptionStatus, userManagerUtils::deleteUser, name);
 }
 
-JNIEXPORT jint JNICALL Java_com_kvo_talvern_user_UserUtils__1sshKeyAdd(JNIEnv* env, jobject, jstring name,
-                                                                       jstring key) {
+JNIEXPORT jint JNICALL
+Java_com_kvo_talvern_user_UserUtils__1sshKeyAdd(JNIEnv* env, jobject, jstring name, jstring key) {
     return passOn(env, exceptionStatus, userManagerUtils::sshKeyAdd, name, key);
 }
 
@@ -34,15 +34,13 @@ JNIEXPORT jint JNICALL Java_com_kvo_talvern_user_UserUtils__1sshKeyDel(JNIEnv* e
     return passOn(env, exceptionStatus, userManagerUtils::sshKeyDel, name);
 }
 
-JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_user_UserUtils__1changePassword(JNIEnv* env, jobject,
-                                                                                jstring name,
-                                                                                jstring newPassword) {
+JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_user_UserUtils__1changePassword(
+    JNIEnv* env, jobject, jstring name, jstring newPassword) {
     return passOn(env, jboolean{JNI_FALSE}, userManagerUtils::changePasswd, byPassword, name, newPassword);
 }
 
-JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_user_UserUtils__1authenticateUser(JNIEnv* env, jobject,
-                                                                                  jstring name,
-                                                                                  jstring password) {
+JNIEXPORT jboolean JNICALL
+Java_com_kvo_talvern_user_UserUtils__1authenticateUser(JNIEnv* env, jobject, jstring name, jstring password) {
     return passOn(env, jboolean{JNI_FALSE}, userManagerUtils::login, byPassword, name, password);
 }
 

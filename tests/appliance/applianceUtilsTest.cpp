@@ -41,9 +41,9 @@ TEST_F(ApplianceUtilsTest, GivesTheHardwareInfoInItsOrderWithEmptyTextsAsTheyAre
 
 TEST_F(ApplianceUtilsTest, GivesComponentsInOrderAndNoneForAFailedQuery) {
     using Components = std::vector<applianceUtils::ComponentFirmware>;
-    expectRead<&applianceUtils::getComponentInfo>("_getComponentInfo",
-                                                  Components{{-1, "b"}, {2, ""}, {2147483647, "a"}},
-                                                  "[-1: b, 2: , 2147483647: a]", "[]", "[]");
+    expectRead<&applianceUtils::getComponentInfo>(
+        "_getComponentInfo", Components{{-1, "b"}, {2, ""}, {2147483647, "a"}}, "[-1: b, 2: , 2147483647: a]",
+        "[]", "[]");
 }
 
 TEST_F(ApplianceUtilsTest, ResolvesAndConnects) {
@@ -64,8 +64,9 @@ TEST_F(ApplianceUtilsTest, MakesTheFixedTextsAfterTheJavaException) {
     EXPECT_CALL(mockOf<&diagnosticUtils::tcpConnect>(), Call).WillOnce(Throw(std::runtime_error{"no route"}));
     EXPECT_EQ(ask("_tcpConnect", "host", 1), "JNI error");
     EXPECT_EQ(takeThrown(), "com.kvo.talvern.TalvernException: no route");
-    EXPECT_THAT(callsOf({"ReleaseStringUTFChars", "ThrowNew", "NewStringUTF"}),
-                ElementsAre("ReleaseStringUTFChars", "ThrowNew", "NewStringUTF"));
+    EXPECT_THAT(
+        callsOf({"ReleaseStringUTFChars", "ThrowNew", "NewStringUTF"}),
+        ElementsAre("ReleaseStringUTFChars", "ThrowNew", "NewStringUTF"));
 }
 
 TEST_F(ApplianceUtilsTest, ReportsAsManyResetErrorsAsFitAndLeavesOtherSlotsAlone) {

@@ -45,8 +45,9 @@ class ConfigTest : public BridgeTest {
 
     /// A value of a kind that the bridge does not know.
     static jobject unknown() {
-        return callMethod(faulty("unknown kind"), "get", "(Ljava/lang/String;)Lcom/kvo/talvern/config/Value;",
-                          javaString("second"));
+        return callMethod(
+            faulty("unknown kind"), "get", "(Ljava/lang/String;)Lcom/kvo/talvern/config/Value;",
+            javaString("second"));
     }
 
     jobject receiver = newObject("com/kvo/talvern/config/ServiceUtils");

@@ -16,8 +16,8 @@ class ServiceUtilsTest : public ConfigTest {};
 
 TEST_F(ServiceUtilsTest, PassesArgumentsOnAndReportsTheCode) {
     const auto state = Service::AdminState{2};
-    EXPECT_CALL(mockOf<&config::Service::createObject>(),
-                Call("type", "parent", "name", NotNull(), state, true))
+    EXPECT_CALL(
+        mockOf<&config::Service::createObject>(), Call("type", "parent", "name", NotNull(), state, true))
         .WillOnce(Return(Code::BUSY));
     EXPECT_EQ(askFor("_createObject", nested(1), 2, true), "BUSY");
     EXPECT_EQ(code(), "BUSY");
@@ -56,8 +56,8 @@ TEST_F(ServiceUtilsTest, AnswersANullValueItselfAndPassesNullForAValueOfUnknownK
 
 TEST_F(ServiceUtilsTest, GivesTheQueriedTreeWhateverTheCode) {
     EXPECT_CALL(mockOf<&config::Service::queryObject>(), Call("type", "parent", "name", _))
-        .WillOnce(DoAll([&](auto&, auto&, auto&, auto** tree) { *tree = platform::sampleTree(); },
-                        Return(Code::FAILED)))
+        .WillOnce(DoAll(
+            [&](auto&, auto&, auto&, auto** tree) { *tree = platform::sampleTree(); }, Return(Code::FAILED)))
         .WillOnce(Return(Code::OK));
     EXPECT_EQ(askFor("_queryObject"), "{list=[one, null, {}], text=two}");
     EXPECT_EQ(code(), "FAILED");
@@ -100,8 +100,8 @@ TEST_F(ServiceUtilsTest, TakesAStateByItsNumber) {
     EXPECT_CALL(mockOf<&config::Service::setOpState>(), Call("type", "parent", "name", Service::OpState{4}))
         .WillOnce(Return(Code::FAILED));
     EXPECT_EQ(askFor("_setOpState", state), "FAILED");
-    EXPECT_CALL(mockOf<&config::Service::setAdminState>(),
-                Call("type", "parent", "name", Service::AdminState{4}))
+    EXPECT_CALL(
+        mockOf<&config::Service::setAdminState>(), Call("type", "parent", "name", Service::AdminState{4}))
         .WillOnce(Return(Code::OK));
     EXPECT_EQ(askFor("_setAdminState", state), "OK");
     EXPECT_EQ(code(), "OK");

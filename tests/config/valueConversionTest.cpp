@@ -105,13 +105,14 @@ TEST_F(ValueConversionTest, SaysWhatIsWrongWithAJavaValue) {
 
 TEST_F(ValueConversionTest, TakesNothingForWhatItIsNot) {
     // The JVM does not check what a method of an interface's type returns, and generics check nothing.
-    const Texts exceptions{"TalvernException: entry set that is not a set",
-                           "TalvernException: iterator that is not an iterator",
-                           "TalvernException: map entry that is not an entry",
-                           "TalvernException: value key that is not a string",
-                           "NoSuchMethodError: ",  // of getMU
-                           "TalvernException: iterator that is not an iterator",
-                           "NoSuchMethodError: "};
+    const Texts exceptions{
+        "TalvernException: entry set that is not a set",
+        "TalvernException: iterator that is not an iterator",
+        "TalvernException: map entry that is not an entry",
+        "TalvernException: value key that is not a string",
+        "NoSuchMethodError: ",  // of getMU
+        "TalvernException: iterator that is not an iterator",
+        "NoSuchMethodError: "};
     jobject value = nested(3);  // a structure with a list
     EXPECT_CALL(mockOf<&Service::updateObject>(), Call).Times(0);
     std::size_t call = 0;

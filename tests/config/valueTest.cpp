@@ -55,8 +55,9 @@ TEST(ValueTest, ClonesDeeplyAndDestroysInTheOrderOfKeysAndElements) {
     const auto& members = dynamic_cast<StructValue&>(*copy).members;
     const auto& copiedList = dynamic_cast<ArrayValue&>(*members.at("b"));
     EXPECT_TRUE(copy->mu && copiedList.mu && members.at("d") == nullptr);
-    EXPECT_THAT(copiedList.elements,
-                ElementsAre(NotNull(), IsNull(), Field(&Value::mu, false), Field(&Value::mu, true)));
+    EXPECT_THAT(
+        copiedList.elements,
+        ElementsAre(NotNull(), IsNull(), Field(&Value::mu, false), Field(&Value::mu, true)));
     copy.reset();
     EXPECT_THAT(destroyed, inOrder);
 }

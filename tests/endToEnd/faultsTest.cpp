@@ -61,17 +61,18 @@ TEST(KeptFaults, OfEachKindReachJavaAsWhatTheyAre) {
         std::string usually;    // what a native method throws
         std::string otherwise;  // what some throw: this, and more
         std::ptrdiff_t others;
-    } kinds[]{{"validation", package + "TalvernException: planted", package + "config.", 6},
-              {"change", package + "TalvernException: planted", package + "config.", 5},
-              {"unknown", unknown, "", 0},
-              {"failure", "", unknown, 1}};  // that for the log level has no other way to say it
+    } kinds[]{
+        {"validation", package + "TalvernException: planted", package + "config.", 6},
+        {"change", package + "TalvernException: planted", package + "config.", 5},
+        {"unknown", unknown, "", 0},
+        {"failure", "", unknown, 1}};  // that for the log level has no other way to say it
     for (const auto& [outcome, usually, otherwise, others] : kinds) {
         SCOPED_TRACE(outcome);
         setFaults(operations, outcome, "planted");
         std::vector<std::string> thrown = thrownByNatives();
         EXPECT_GT(thrown.size(), operations.size());
-        std::erase_if(thrown,
-                      [&, &usual = usually](const std::string& one) { return one.empty() || one == usual; });
+        std::erase_if(
+            thrown, [&, &usual = usually](const std::string& one) { return one.empty() || one == usual; });
         EXPECT_THAT(thrown, testing::SizeIs(others));
         EXPECT_THAT(thrown, testing::Each(testing::StartsWith(otherwise)));
     }

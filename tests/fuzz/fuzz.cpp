@@ -86,8 +86,8 @@ void tree(FuzzedDataProvider& data) {
         });
     jobject in = anyTree(data, 6);
     if (in == nullptr) return;
-    const std::vector<jvalue> id{toJvalue(javaString("t")), toJvalue(javaString("p")),
-                                 toJvalue(javaString("n"))};
+    const std::vector<jvalue> id{
+        toJvalue(javaString("t")), toJvalue(javaString("p")), toJvalue(javaString("n"))};
     std::vector<jvalue> update = id;
     update.insert(update.end(), {toJvalue(in), toJvalue(false)});
     require(invoke(bridgeNative("_updateObject"), update).exception.empty(), "refused");

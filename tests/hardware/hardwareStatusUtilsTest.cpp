@@ -42,9 +42,10 @@ TEST_F(HardwareStatusUtilsTest, GivesEachListInOrderAndNullForNone) {
             sensor("name=a, reading=, ok=false", "minimum=0.0, maximum=4.294967295E9") + "]");
     expectRead<&statusUtils::getVolumeStatus>(
         "_getRaidVolumes",
-        List<VolumeStatus>{{"a", 1, {{"/", 5, 4, "ext4", true}, {"/b", -1, -2, "xfs", false}}, false, 99},
-                           {"none", 5, {}, true, -1},
-                           {"c", 0, {{"/c", 7, 6, "", true}}, true, 100}},
+        List<VolumeStatus>{
+            {"a", 1, {{"/", 5, 4, "ext4", true}, {"/b", -1, -2, "xfs", false}}, false, 99},
+            {"none", 5, {}, true, -1},
+            {"c", 0, {{"/c", 7, 6, "", true}}, true, 100}},
         "[RaidVolume{name=a, raidLevel=1, partitions=["
         "RaidPartition{mountPoint=/, size=5, used=4, fileSystem=ext4, mounted=true}, "
         "RaidPartition{mountPoint=/b, size=-1, used=-2, fileSystem=xfs, mounted=false}], "
@@ -53,8 +54,8 @@ TEST_F(HardwareStatusUtilsTest, GivesEachListInOrderAndNullForNone) {
         "RaidVolume{name=c, raidLevel=0, partitions=["
         "RaidPartition{mountPoint=/c, size=7, used=6, fileSystem=, mounted=true}], "
         "ok=true, synchronised=100}]");
-    expectRead<&statusUtils::getCPUUsage>("_getCPUUsage", List<CPUUsage>{{2, 5}, {2, 9}, {-1, -3}},
-                                          "{-1=-3, 2=9}");
+    expectRead<&statusUtils::getCPUUsage>(
+        "_getCPUUsage", List<CPUUsage>{{2, 5}, {2, 9}, {-1, -3}}, "{-1=-3, 2=9}");
     expectRead<&statusUtils::getCPUDetailedUsage>("_getCPUDetailedUsage", List<CPUUsage>{{3, 85}}, "{3=85}");
 }
 
@@ -88,22 +89,25 @@ TEST_F(HardwareStatusUtilsTest, ReadsTextsWithoutNulNoFurtherThanTheirArrays) {
     disk.controller = 'X';  // follows at once
     std::memset(disk.location, 'l', sizeof disk.location);
     EXPECT_CALL(mockOf<&statusUtils::getRaidPhysDiskStatus>(), Call).WillOnce(deliver(Disks{&disk}));
-    EXPECT_THAT(ask("_getRaidPhysicalDiskStatus"),
-                testing::AllOf(testing::HasSubstr("deviceName=" + std::string(10, 'd') + ","),
-                               testing::HasSubstr("location=" + std::string(33, 'l') + "}")));
+    EXPECT_THAT(
+        ask("_getRaidPhysicalDiskStatus"), testing::AllOf(
+                                               testing::HasSubstr("deviceName=" + std::string(10, 'd') + ","),
+                                               testing::HasSubstr("location=" + std::string(33, 'l') + "}")));
 }
 
 TEST_F(HardwareStatusUtilsTest, NamesTheNullRecordInAListOfDisks) {
     EXPECT_CALL(mockOf<&statusUtils::getRaidPhysDiskStatus>(), Call).WillOnce(deliver(Disks{&disk, nullptr}));
     EXPECT_EQ(ask("_getRaidPhysicalDiskStatus"), "null");
-    EXPECT_EQ(takeThrown(),
-              "com.kvo.talvern.TalvernException: null record in the list of physical disks at index 1");
+    EXPECT_EQ(
+        takeThrown(),
+        "com.kvo.talvern.TalvernException: null record in the list of physical disks at index 1");
 }
 
 TEST_F(HardwareStatusUtilsTest, GivesMemoryBitForBit) {
-    for (const auto& [total, free, wasRead, seen] : {std::tuple{900U, 300U, true, "900 300"},
-                                                     {0x80000000U, 0xFFFFFFFEU, true, "-2147483648 -2"},
-                                                     {900U, 300U, false, "-1 -1"}}) {
+    for (const auto& [total, free, wasRead, seen] :
+         {std::tuple{900U, 300U, true, "900 300"},
+          {0x80000000U, 0xFFFFFFFEU, true, "-2147483648 -2"},
+          {900U, 300U, false, "-1 -1"}}) {
         EXPECT_CALL(mockOf<&statusUtils::getMemoryUse>(), Call)
             .Times(2)
             .WillRepeatedly(DoAll(SetArgReferee<0>(total), SetArgReferee<1>(free), Return(wasRead)));
@@ -112,10 +116,11 @@ TEST_F(HardwareStatusUtilsTest, GivesMemoryBitForBit) {
 }
 
 TEST_F(HardwareStatusUtilsTest, GivesBatteryTimesInMilliseconds) {
-    for (const auto& [battery, wasRead, seen] : {std::tuple{BatteryStatus{7, 1, 9}, true, "7000 9000"},
-                                                 {BatteryStatus{0, 5, -2}, true, "-1 -2000"},
-                                                 {BatteryStatus{INT_MAX, 5, 0}, true, "2147483647000 -1"},
-                                                 {BatteryStatus{7, 1, 9}, false, "-1 -1"}}) {
+    for (const auto& [battery, wasRead, seen] :
+         {std::tuple{BatteryStatus{7, 1, 9}, true, "7000 9000"},
+          {BatteryStatus{0, 5, -2}, true, "-1 -2000"},
+          {BatteryStatus{INT_MAX, 5, 0}, true, "2147483647000 -1"},
+          {BatteryStatus{7, 1, 9}, false, "-1 -1"}}) {
         EXPECT_CALL(mockOf<&statusUtils::getBatteryStatus>(), Call)
             .Times(2)
             .WillRepeatedly(deliver(battery, wasRead));

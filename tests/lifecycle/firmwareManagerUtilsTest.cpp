@@ -39,8 +39,8 @@ void onThisThread(const std::function<void()>& action) { action(); }
 void onPlatformThread(const std::function<void()>& action) { std::thread{action}.join(); }
 
 /// A thread that Java knows, and one that it does not know.
-const auto bothKindsOfThread = {std::pair{"on the Java thread", &onThisThread},
-                                {"on a platform thread", &onPlatformThread}};
+const auto bothKindsOfThread = {
+    std::pair{"on the Java thread", &onThisThread}, {"on a platform thread", &onPlatformThread}};
 
 class FirmwareTest : public BridgeTest {
   protected:

@@ -33,9 +33,9 @@ TEST_F(EthernetInterfacesTest, GivesTheNamesAndTakesNullForNone) {
 
 TEST_F(EthernetInterfacesTest, GivesEachInterfaceItsMap) {
     KeyValPair empty;
-    expectRead<&ethernetInterfaces::getInterfaces>("_getEthernetInterfaces",
-                                                   std::vector<KeyValPair*>{&eth1, &empty, &eth0},
-                                                   "[{name=eth1}, {}, {name=eth0, mtu=1500}]", "[]");
+    expectRead<&ethernetInterfaces::getInterfaces>(
+        "_getEthernetInterfaces", std::vector<KeyValPair*>{&eth1, &empty, &eth0},
+        "[{name=eth1}, {}, {name=eth0, mtu=1500}]", "[]");
 }
 
 TEST_F(EthernetInterfacesTest, NamesTheNullRecordOfAList) {
@@ -58,8 +58,9 @@ TEST_F(EthernetInterfacesTest, BuildsTheStatusFromTheCallersNameAndNullForNoDeta
 }
 
 TEST_F(EthernetInterfacesTest, SetsAttributesWithTheLastValueOfEachKey) {
-    EXPECT_CALL(mockOf<&ethernetInterfaces::setInterface>(),
-                Call(Field(&KeyValPair::pairs, ElementsAre(Pair("a", "3"), Pair("b", "2")))))
+    EXPECT_CALL(
+        mockOf<&ethernetInterfaces::setInterface>(),
+        Call(Field(&KeyValPair::pairs, ElementsAre(Pair("a", "3"), Pair("b", "2")))))
         .WillOnce(Return(-4));
     EXPECT_EQ(ask("_setEthernetInterface", Texts{"a", "b", "a"}, Texts{"1", "2", "3"}), "-4");
     EXPECT_CALL(mockOf<&ethernetInterfaces::setInterface>(), Call(Field(&KeyValPair::pairs, IsEmpty())))

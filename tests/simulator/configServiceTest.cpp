@@ -31,13 +31,14 @@ std::string queried() {
 TEST(ConfigService, CreatesChangesResetsAndDeletes) {
     EXPECT_EQ(create("LogTarget", "", "main", {{"host", "log-1"}}), Code::OK);
     EXPECT_EQ(create("LogTarget", "", "main", {{"host", "log-2"}}), Code::ALREADY_EXISTS);
-    EXPECT_EQ(Service::updateObject("LogTarget", "", "main", valueOf({{"port", "514"}}).get(), true),
-              Code::OK);
-    EXPECT_EQ(queried(),
-              "<struct>\n"
-              "  <text key=\"host\">log-1</text>\n"
-              "  <text key=\"port\">514</text>\n"
-              "</struct>\n");
+    EXPECT_EQ(
+        Service::updateObject("LogTarget", "", "main", valueOf({{"port", "514"}}).get(), true), Code::OK);
+    EXPECT_EQ(
+        queried(),
+        "<struct>\n"
+        "  <text key=\"host\">log-1</text>\n"
+        "  <text key=\"port\">514</text>\n"
+        "</struct>\n");
     EXPECT_EQ(Service::resetObject("LogTarget", "", "main"), Code::OK);
     EXPECT_EQ(queried(), "<struct>\n  <text key=\"host\">log-1</text>\n</struct>\n");
     EXPECT_EQ(Service::deleteObject("LogTarget", "", "main"), Code::OK);
@@ -57,8 +58,8 @@ TEST(ConfigService, KeepsWhatOthersUse) {
         EXPECT_STREQ(exception.what(), "EthernetInterface eth2 is in use");
         EXPECT_THAT(exception.texts, ElementsAre("LogTarget far", "VirtualAddress shared"));
     }
-    EXPECT_THROW(Service::setAdminState("EthernetInterface", "", "eth2", AdminState::DISABLED),
-                 ConfigChangeException);
+    EXPECT_THROW(
+        Service::setAdminState("EthernetInterface", "", "eth2", AdminState::DISABLED), ConfigChangeException);
     EXPECT_EQ(Service::deleteObject("LogTarget", "", "far"), Code::OK);
     EXPECT_EQ(Service::deleteObject("VirtualAddress", "eth2", "shared"), Code::OK);
     EXPECT_EQ(Service::setAdminState("EthernetInterface", "", "eth2", AdminState::DISABLED), Code::OK);
@@ -71,13 +72,14 @@ TEST(ConfigService, WritesXmlThatKeepsSpecialCharactersApart) {
     list->add(nullptr);
     list->add(std::make_unique<SimpleValue>("a < b & c", true));
     value.put("\"quoted\"", std::move(list));
-    EXPECT_EQ(value.asXML(),
-              "<struct mu=\"true\">\n"
-              "  <array key=\"&quot;quoted&quot;\">\n"
-              "    <null />\n"
-              "    <text mu=\"true\">a &lt; b &amp; c</text>\n"
-              "  </array>\n"
-              "</struct>\n");
+    EXPECT_EQ(
+        value.asXML(),
+        "<struct mu=\"true\">\n"
+        "  <array key=\"&quot;quoted&quot;\">\n"
+        "    <null />\n"
+        "    <text mu=\"true\">a &lt; b &amp; c</text>\n"
+        "  </array>\n"
+        "</struct>\n");
 }
 
 }  // namespace

@@ -130,9 +130,11 @@ std::string richAppliance() {
     userManagerUtils::sshKeyAdd("admin", "ssh-ed25519 AAAA me@home");
     const std::string rich = fileText();
     return replaced(
-        replaced(replaced(rich, "\"unfinished\": null",
-                          R"("unfinished": {"image": "talvern-2.1.img", "stage": "unpacking", "done": 35})"),
-                 "\"previous\": null", R"("previous": {"name": "talvern-1.9.img", "isReleaseKeyed": true})"),
+        replaced(
+            replaced(
+                rich, "\"unfinished\": null",
+                R"("unfinished": {"image": "talvern-2.1.img", "stage": "unpacking", "done": 35})"),
+            "\"previous\": null", R"("previous": {"name": "talvern-1.9.img", "isReleaseKeyed": true})"),
         "\"faults\": []",
         R"("faults": [{"operation": "log::init", "outcome": "usual", "text": "t", "delay": 1, "times": 3}])");
 }
@@ -202,8 +204,9 @@ TEST_F(Kept, ValuesKeepFlagsKeysAndEveryCharacter) {
     for (const char* text : {"\xED\xA0\xBD", "\xED\xB8\x80", "\xF0\x9F\x98\x80", "\xE2\x82", "\x80"}) {
         const std::string before = fileText();
         const config::SimpleValue broken{text, false};
-        EXPECT_THAT(refusal([&] { Service::updateObject("ApplicationData", "", "data", &broken, false); }),
-                    HasSubstr("config: a text is not Unicode"));
+        EXPECT_THAT(
+            refusal([&] { Service::updateObject("ApplicationData", "", "data", &broken, false); }),
+            HasSubstr("config: a text is not Unicode"));
         EXPECT_EQ(fileText(), before);
     }
 }
@@ -285,10 +288,10 @@ TEST_F(Kept, ChangeForWhichThereIsNoRoomLeavesTheFileAsItIs) {
         const rlimit limit{1000, 1000};
         setrlimit(RLIMIT_FSIZE, &limit);
         const std::string refused = refusal([] { nodeName::set("rack-8"); });
-        _exit(refused == std::string{file} + ": can't be written: File too large" &&
-                      nodeName::get() == "rack-7"
-                  ? 0
-                  : 1);
+        _exit(
+            refused == std::string{file} + ": can't be written: File too large" && nodeName::get() == "rack-7"
+                ? 0
+                : 1);
     });
     EXPECT_EQ(statusOf(process), 0);
     EXPECT_EQ(fileText(), before);
@@ -361,25 +364,26 @@ TEST_F(Kept, KilledProcessLeavesAWholeFileWithEachAcknowledgedChange) {
 
 TEST_F(Kept, DamagedFileIsReadOrRefusedAndNeverMore) {
     const std::string good = richAppliance();
-    const std::vector<std::string> tokens{"null",
-                                          "true",
-                                          "{}",
-                                          "[]",
-                                          "\"\"",
-                                          "-1",
-                                          "0.5",
-                                          "1e999",
-                                          "99999999999999999999",
-                                          "\"\\ud800\"",
-                                          "\"x\"",
-                                          ",",
-                                          "}",
-                                          "]",
-                                          "[[[",
-                                          "\"@mu\"",
-                                          std::string(3000, '['),
-                                          std::string(1, '\0'),
-                                          "\xC0\x80"};
+    const std::vector<std::string> tokens{
+        "null",
+        "true",
+        "{}",
+        "[]",
+        "\"\"",
+        "-1",
+        "0.5",
+        "1e999",
+        "99999999999999999999",
+        "\"\\ud800\"",
+        "\"x\"",
+        ",",
+        "}",
+        "]",
+        "[[[",
+        "\"@mu\"",
+        std::string(3000, '['),
+        std::string(1, '\0'),
+        "\xC0\x80"};
     const std::regex token{R"("[^"]*"|true|false|null|-?[0-9]+|[\[\]{},:])"};
     std::vector<std::pair<std::size_t, std::size_t>> places;
     for (std::sregex_iterator found{good.begin(), good.end(), token}, end; found != end; ++found) {
@@ -397,8 +401,8 @@ TEST_F(Kept, DamagedFileIsReadOrRefusedAndNeverMore) {
             [&] { text.resize(any(text.size())); },
             [&] { text[any(text.size())] = static_cast<char>(any(256)); },
             [&] {
-                text.erase(text.rfind('\n', position),
-                           text.find('\n', position) - text.rfind('\n', position));
+                text.erase(
+                    text.rfind('\n', position), text.find('\n', position) - text.rfind('\n', position));
             },
             [&] { text.insert(position, good.substr(otherPosition, any(400))); },
             [&] { text.replace(position, length, tokens[any(tokens.size())]); },
@@ -411,25 +415,26 @@ TEST_F(Kept, DamagedFileIsReadOrRefusedAndNeverMore) {
         if (problem.empty()) {
             const std::string rewritten = fileText();
             writeFile(rewritten + ' ');
-            EXPECT_EQ(refusal([] {
-                          std::vector<applianceUtils::ComponentFirmware> components;
-                          std::vector<statusUtils::DiskSnapShot*> disks;
-                          std::vector<types::KeyValPair*> interfaces;
-                          std::vector<statusUtils::CPUUsage> usage;
-                          applianceUtils::getComponentInfo(components);
-                          applianceUtils::getDateTime();
-                          statusUtils::getRaidPhysDiskStatus(disks);
-                          statusUtils::getCPUUsage(usage);
-                          ethernetInterfaces::getInterfaces(interfaces);
-                          for (const auto* interface : interfaces) {
-                              ethernetInterfaces::getVLANStatus(interface->pairs.at("name"));
-                          }
-                          try {
-                              Service::deleteObject("EthernetInterface", "", "eth1");
-                          } catch (const ConfigChangeException&) {
-                          }
-                      }),
-                      "")
+            EXPECT_EQ(
+                refusal([] {
+                    std::vector<applianceUtils::ComponentFirmware> components;
+                    std::vector<statusUtils::DiskSnapShot*> disks;
+                    std::vector<types::KeyValPair*> interfaces;
+                    std::vector<statusUtils::CPUUsage> usage;
+                    applianceUtils::getComponentInfo(components);
+                    applianceUtils::getDateTime();
+                    statusUtils::getRaidPhysDiskStatus(disks);
+                    statusUtils::getCPUUsage(usage);
+                    ethernetInterfaces::getInterfaces(interfaces);
+                    for (const auto* interface : interfaces) {
+                        ethernetInterfaces::getVLANStatus(interface->pairs.at("name"));
+                    }
+                    try {
+                        Service::deleteObject("EthernetInterface", "", "eth1");
+                    } catch (const ConfigChangeException&) {
+                    }
+                }),
+                "")
                 << text;
         } else {
             EXPECT_THAT(problem, testing::StartsWith(file));
@@ -492,8 +497,8 @@ TEST_F(Kept, FaultsDecideAboutTheNextCalls) {
     EXPECT_EQ(nodeName::get(), "");
     EXPECT_EQ(nodeName::get(), "talvern");
     EXPECT_EQ(nodeName::set("rack-7"), -1);
-    EXPECT_THAT(fileText(),
-                HasSubstr("\"faults\": [{\"operation\": \"nodeName::set\", \"outcome\": \"failure\""));
+    EXPECT_THAT(
+        fileText(), HasSubstr("\"faults\": [{\"operation\": \"nodeName::set\", \"outcome\": \"failure\""));
 
     prepare(R"({"operation": "hostsUtils::getAddresses", "outcome": "validation", "text": "t"},
                {"operation": "snmpUtils::startSNMP", "outcome": "change", "text": "t"},
@@ -543,8 +548,8 @@ TEST_F(Kept, UpgradeThatDiesIsShownAndGoneBackFromByAnotherProcess) {
         return [=](const std::string& text) { return text.find(part) != std::string::npos; };
     };
     pid_t process = upgradeInProcess();
-    EXPECT_THAT(installedOnce(contains("unpacking")),
-                HasSubstr("2.0.img\nfirmware talvern-2.1.img, incomplete: "));
+    EXPECT_THAT(
+        installedOnce(contains("unpacking")), HasSubstr("2.0.img\nfirmware talvern-2.1.img, incomplete: "));
     EXPECT_EQ(upgrade("talvern-2.2-beta.img", true, true, nullptr), busy);
     EXPECT_EQ(rollback(), busy);
     EXPECT_EQ(reflash("talvern-2.0.img"), busy);
@@ -553,8 +558,9 @@ TEST_F(Kept, UpgradeThatDiesIsShownAndGoneBackFromByAnotherProcess) {
     EXPECT_THAT(installed(), HasSubstr("firmware talvern-2.0.img\nfirmware talvern-2.1.img, incomplete: "));
 
     process = upgradeInProcess();
-    EXPECT_EQ(installedOnce([](const std::string& text) { return text == "firmware talvern-2.1.img\n"; }),
-              "firmware talvern-2.1.img\n");
+    EXPECT_EQ(
+        installedOnce([](const std::string& text) { return text == "firmware talvern-2.1.img\n"; }),
+        "firmware talvern-2.1.img\n");
     kill(process, SIGKILL);
     statusOf(process);
     EXPECT_EQ(rollback(), 0);

@@ -47,19 +47,21 @@ TEST(Names, AreKeptOrRefusedAsAWhole) {
 TEST(Diagnostics, KnowTheApplianceAndItsHostsTableWithoutANetwork) {
     ASSERT_EQ(nodeName::set("rack-7"), 0);
     ASSERT_TRUE(hostsUtils::deleteHostnames("127.0.0.1"));
-    for (const auto& [host, addresses] : {std::pair{"LocalHost", "127.0.0.1"},
-                                          {"rack-7", "127.0.1.1"},
-                                          {"db", "10.0.0.20"},
-                                          {"2001:db8::1", "2001:db8::1"},
-                                          {"example.com", ""}}) {
+    for (const auto& [host, addresses] :
+         {std::pair{"LocalHost", "127.0.0.1"},
+          {"rack-7", "127.0.1.1"},
+          {"db", "10.0.0.20"},
+          {"2001:db8::1", "2001:db8::1"},
+          {"example.com", ""}}) {
         std::string result;
         EXPECT_EQ(diagnosticUtils::dnsResolve(host, result), *addresses != '\0') << host;
         EXPECT_EQ(result, addresses);
         EXPECT_EQ(diagnosticUtils::pingHost(host, result), *addresses != '\0') << host;
     }
-    for (const auto& [host, reason] : {std::pair{"rack-7", "Connection refused"},
-                                       {"db", "No route to host"},
-                                       {"example.com", "Host not found"}}) {
+    for (const auto& [host, reason] :
+         {std::pair{"rack-7", "Connection refused"},
+          {"db", "No route to host"},
+          {"example.com", "Host not found"}}) {
         std::string error;
         EXPECT_FALSE(diagnosticUtils::tcpConnect(host, 1, error));
         EXPECT_THAT(error, testing::HasSubstr(reason)) << host;
@@ -76,16 +78,17 @@ TEST(EthernetInterfaces, KeepWhatIsSetUnlessItIsMalformedOrFixed) {
     eth0.pairs["mtu"] = "1400";
     eth0.pairs["note"] = "front";
     EXPECT_EQ(ethernet::setInterface(eth0), 0);
-    for (const auto& [key, value] : {std::pair{"name", "eth9"},
-                                     {"type", "vlan"},
-                                     {"hwAddress", "02:00:00:00:00:00"},
-                                     {"virtualAddresses", "10.0.0.1"},
-                                     {"mtu", "1500 "},
-                                     {"mtu", "67"},
-                                     {"enabled", "yes"},
-                                     {"ipAddress", "10.0.0.256"},
-                                     {"members", "eth1,agg0"},
-                                     {"parent", "vlan100"}}) {
+    for (const auto& [key, value] :
+         {std::pair{"name", "eth9"},
+          {"type", "vlan"},
+          {"hwAddress", "02:00:00:00:00:00"},
+          {"virtualAddresses", "10.0.0.1"},
+          {"mtu", "1500 "},
+          {"mtu", "67"},
+          {"enabled", "yes"},
+          {"ipAddress", "10.0.0.256"},
+          {"members", "eth1,agg0"},
+          {"parent", "vlan100"}}) {
         types::KeyValPair changed = eth0;
         changed.pairs[key] = value;
         EXPECT_NE(ethernet::setInterface(changed), 0) << key;
@@ -123,10 +126,11 @@ TEST(EthernetInterfaces, ShowVirtualAddressesWhereTheyAreAdded) {
     EXPECT_NE(ethernet::addVIPToLoopback("10.0.0.91"), 0);
     EXPECT_NE(ethernet::addVIPToLoopback("10.0.0.10"), 0) << "the address of eth0";
     EXPECT_NE(ethernet::addVIPToInterface("eth1", "10.0.0"), 0);
-    EXPECT_THAT(ethernet::getInterface("eth1")->pairs,
-                Contains(Pair("virtualAddresses", "10.0.0.91,2001:db8::91")));
-    EXPECT_THAT(ethernet::getInterfaceStatus("eth1")->details.at(1)->pairs,
-                Contains(Pair("address", "2001:db8::91")));
+    EXPECT_THAT(
+        ethernet::getInterface("eth1")->pairs, Contains(Pair("virtualAddresses", "10.0.0.91,2001:db8::91")));
+    EXPECT_THAT(
+        ethernet::getInterfaceStatus("eth1")->details.at(1)->pairs,
+        Contains(Pair("address", "2001:db8::91")));
     EXPECT_EQ(ethernet::removeVIPFromInterface("eth1", "10.0.0.91"), 0);
     EXPECT_NE(ethernet::removeVIPFromInterface("eth1", "10.0.0.91"), 0);
     EXPECT_EQ(ethernet::removeVIPFromInterface("eth1", "2001:db8::91"), 0);

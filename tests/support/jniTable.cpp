@@ -34,8 +34,8 @@ void raise(JNIEnv* env, const char* className, const char* message) {
 std::string nameOf(JNIEnv* env, jclass javaClass) {
     if (javaClass == nullptr || original->ExceptionCheck(env) == JNI_TRUE) return "?";
     original->PushLocalFrame(env, 10);
-    jmethodID getName = original->GetMethodID(env, original->GetObjectClass(env, javaClass), "getName",
-                                              "()Ljava/lang/String;");
+    jmethodID getName = original->GetMethodID(
+        env, original->GetObjectClass(env, javaClass), "getName", "()Ljava/lang/String;");
     auto* name = static_cast<jstring>(original->CallObjectMethodA(env, javaClass, getName, nullptr));
     original->ExceptionCheck(env);  // lest -Xcheck:jni blames the bridge for this call
     const char* chars = original->GetStringUTFChars(env, name, nullptr);
@@ -81,8 +81,9 @@ struct Hook;
 
 /// One function of the table: passes the call on unless it is to fail. Not all can: the JVM gives something
 /// back, answers a question or throws whatever else has failed.
-template <typename Result, typename... Arguments, Result (JNICALL* Functions::*Slot)(JNIEnv*, Arguments...),
-          bool CanFail>
+template <
+    typename Result, typename... Arguments, Result (JNICALL* Functions::*Slot)(JNIEnv*, Arguments...),
+    bool CanFail>
 struct Hook<Slot, CanFail> {
     template <auto... Others>
     static constexpr bool is = Is<Slot>::template oneOf<Others...>;
@@ -130,8 +131,9 @@ struct Hook<Slot, CanFail> {
             if constexpr (isLookup) {
                 const char* kind = is<&Functions::GetMethodID> ? "method" : "static";
                 if (result != nullptr) {
-                    record(env, kind, std::get<0>(given),
-                           std::string{" "} + std::get<1>(given) + " " + std::get<2>(given));
+                    record(
+                        env, kind, std::get<0>(given),
+                        std::string{" "} + std::get<1>(given) + " " + std::get<2>(given));
                 }
             }
             if constexpr (is<&Functions::GetStringUTFChars>) {
@@ -150,13 +152,15 @@ void hook(Functions& table) {
 const Functions* hookedTable() {
     static Functions table = *original;
     using F = Functions;
-    hook<true, &F::FindClass, &F::GetMethodID, &F::GetStaticMethodID, &F::NewObjectA, &F::CallObjectMethodA,
-         &F::CallBooleanMethodA, &F::CallIntMethodA, &F::CallVoidMethodA, &F::CallStaticObjectMethodA,
-         &F::NewStringUTF, &F::GetStringUTFChars, &F::NewObjectArray, &F::SetObjectArrayElement,
-         &F::NewGlobalRef, &F::PushLocalFrame, &F::GetJavaVM>(table);
-    hook<false, &F::ReleaseStringUTFChars, &F::GetArrayLength, &F::GetObjectArrayElement, &F::GetObjectClass,
-         &F::IsInstanceOf, &F::ExceptionDescribe, &F::ExceptionClear, &F::ExceptionCheck, &F::ThrowNew,
-         &F::Throw, &F::DeleteGlobalRef, &F::PopLocalFrame>(table);
+    hook<
+        true, &F::FindClass, &F::GetMethodID, &F::GetStaticMethodID, &F::NewObjectA, &F::CallObjectMethodA,
+        &F::CallBooleanMethodA, &F::CallIntMethodA, &F::CallVoidMethodA, &F::CallStaticObjectMethodA,
+        &F::NewStringUTF, &F::GetStringUTFChars, &F::NewObjectArray, &F::SetObjectArrayElement,
+        &F::NewGlobalRef, &F::PushLocalFrame, &F::GetJavaVM>(table);
+    hook<
+        false, &F::ReleaseStringUTFChars, &F::GetArrayLength, &F::GetObjectArrayElement, &F::GetObjectClass,
+        &F::IsInstanceOf, &F::ExceptionDescribe, &F::ExceptionClear, &F::ExceptionCheck, &F::ThrowNew,
+        &F::Throw, &F::DeleteGlobalRef, &F::PopLocalFrame>(table);
     return &table;
 }
 

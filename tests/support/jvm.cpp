@@ -71,8 +71,8 @@ jobjectArray javaStrings(const std::vector<std::string>& texts) {
 }
 
 std::string describe(jobject object) {
-    return toText(callStatic("com/kvo/talvern/testing/Natives", "describe",
-                             "(Ljava/lang/Object;)Ljava/lang/String;", object));
+    return toText(callStatic(
+        "com/kvo/talvern/testing/Natives", "describe", "(Ljava/lang/Object;)Ljava/lang/String;", object));
 }
 
 jobject javaConstant(const std::string& className, jint ordinal) {

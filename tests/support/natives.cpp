@@ -46,8 +46,9 @@ jvalue callFunction(const NativeMethod& native, jobject receiver, std::vector<jv
         values.push_back(&arguments[i]);
     }
     ffi_cif interface {};
-    ffi_prep_cif(&interface, FFI_DEFAULT_ABI, static_cast<unsigned>(types.size()),
-                 foreignType(resultType(native.signature)), types.data());
+    ffi_prep_cif(
+        &interface, FFI_DEFAULT_ABI, static_cast<unsigned>(types.size()),
+        foreignType(resultType(native.signature)), types.data());
     union {
         ffi_arg narrow;  // libffi widens results to this
         jvalue value;
@@ -88,8 +89,8 @@ jobject plausibleObject(const std::string& type, std::size_t index) {
     }
     const std::string name = type.substr(1, type.size() - 2);
     if (name == "com/kvo/talvern/config/Value") {
-        return newObject("com/kvo/talvern/config/SimpleValue", "(Ljava/lang/String;Z)V", javaString("text"),
-                         JNI_TRUE);
+        return newObject(
+            "com/kvo/talvern/config/SimpleValue", "(Ljava/lang/String;Z)V", javaString("text"), JNI_TRUE);
     }
     if (name == "com/kvo/talvern/firmwaremanager/FirmwareManagerUtils$UpgradeCallback") {
         return newObject("com/kvo/talvern/testing/RecordingCallback");
@@ -129,10 +130,11 @@ std::vector<jvalue> plausibleArguments(const NativeMethod& native) {
     std::vector<jvalue> arguments;
     for (std::size_t i = 0; i < parameterCount(native.signature); ++i) {
         const std::string type{parameterType(native.signature, i)};
-        arguments.push_back(type == "Z"   ? toJvalue(true)
-                            : type == "I" ? toJvalue(jint{1})
-                            : type == "J" ? toJvalue(jlong{1})
-                                          : toJvalue(plausibleObject(type, i)));
+        arguments.push_back(
+            type == "Z"   ? toJvalue(true)
+            : type == "I" ? toJvalue(jint{1})
+            : type == "J" ? toJvalue(jlong{1})
+                          : toJvalue(plausibleObject(type, i)));
     }
     return arguments;
 }

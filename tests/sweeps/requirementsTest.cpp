@@ -30,8 +30,9 @@ class RequirementsTest : public testing::Environment {
         std::ifstream list{file};
         for (std::string line; std::getline(list, line);) listed.insert(line);
         Lines differences;
-        std::set_symmetric_difference(listed.begin(), listed.end(), found.begin(), found.end(),
-                                      std::inserter(differences, differences.end()));
+        std::set_symmetric_difference(
+            listed.begin(), listed.end(), found.begin(), found.end(),
+            std::inserter(differences, differences.end()));
         EXPECT_THAT(differences, testing::IsEmpty()) << "scripts/record rewrites " << file;
     }
 };

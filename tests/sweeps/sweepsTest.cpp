@@ -66,8 +66,8 @@ const std::vector<Fault> faultsAndNone = [] {
 }();
 
 const std::string& expectedException(const Fault& fault, const NativeMethod& native) {
-    static const std::set<std::string> changing{"_createObject", "_updateObject", "_deleteObject",
-                                                "_resetObject", "_setAdminState"};
+    static const std::set<std::string> changing{
+        "_createObject", "_updateObject", "_deleteObject", "_resetObject", "_setAdminState"};
     if (native.className != "com/kvo/talvern/config/ServiceUtils") return fault.inGeneral;
     if (changing.contains(native.name)) return fault.inChange;
     return native.name == "_validateObject" ? fault.inValidation : fault.inGeneral;
@@ -161,8 +161,9 @@ class SweepTest : public BridgeTest {
 
     /// Attempts a call with arguments of which some are null; `isAnswered` if the contract has an answer for
     /// it.
-    void attemptWithNull(const NativeMethod& native, const std::string& what,
-                         const std::vector<jvalue>& arguments, bool isAnswered) {
+    void attemptWithNull(
+        const NativeMethod& native, const std::string& what, const std::vector<jvalue>& arguments,
+        bool isAnswered) {
         SCOPED_TRACE("null as " + what);
         const Outcome outcome = attempt(native, arguments);
         if (isAnswered) {
@@ -175,8 +176,8 @@ class SweepTest : public BridgeTest {
     }
 
     /// Lets the JNI call with the number fail.
-    void attemptWithFailure(const NativeMethod& native, const Fault& condition, std::size_t number,
-                            const char* failure) {
+    void attemptWithFailure(
+        const NativeMethod& native, const Fault& condition, std::size_t number, const char* failure) {
         const LocalFrame frame;
         const std::vector<jvalue> arguments = plausibleArguments(native);
         table.restart();
