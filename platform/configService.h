@@ -17,8 +17,8 @@ namespace talvern::config {
 /// one. Texts are modified UTF-8. Every operation may be called from any thread, and may throw.
 ///
 /// Values that are passed in belong to the bridge and are valid during the call. The pointer is null where
-/// Java passed a value of a kind that the bridge does not know. Trees are at most 1,000 levels deep and of
-/// 4,000,000 values.
+/// Java passed a value of a kind that the bridge does not know. Trees are at most 1,000 levels deep, of
+/// 4,000,000 values and, passed in, of 256 MiB of text.
 class Service {
   public:
     /// Reaches Java by the name in `OPSTATE_STR`, comes from Java by its number.

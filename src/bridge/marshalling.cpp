@@ -17,8 +17,9 @@ std::vector<std::string> toNativeStringList(JNIEnv* env, jobjectArray strings) {
     std::vector<std::string> list;
     list.reserve(static_cast<std::size_t>(length));
     UtfStrings utf{env};
+    TextLimit limit;
     for (jsize i = 0; i < length; ++i) {
-        list.emplace_back(utf.take(elementOf(env, strings, i)));
+        limit.count(list.emplace_back(utf.take(elementOf(env, strings, i))));
         utf.releaseLast();
     }
     return list;

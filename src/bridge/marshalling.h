@@ -27,6 +27,7 @@ inline jstring toJavaString(JNIEnv* env, const std::string& text) {
 
 /// Copies of all elements, in order.
 /// @throws std::invalid_argument  the array or one of its elements is null
+/// @throws std::length_error      the texts come to more than 256 MiB
 std::vector<std::string> toNativeStringList(JNIEnv* env, jobjectArray strings);
 
 /// The number of elements of `array`, an argument from Java.

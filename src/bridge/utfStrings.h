@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <stdexcept>
+#include <string_view>
 #include <vector>
 
 #include "bridge/pendingJavaException.h"
@@ -61,6 +62,20 @@ class UtfStrings {
     std::size_t count_ = 0;
     std::array<Taken, 4> first_{};  ///< more than almost all native methods take, and without an allocation
     std::vector<Taken> further_;
+};
+
+/// Counts the characters that one argument from Java is copied to: a few objects, used again and again, stand
+/// for more text than any memory has room for.
+class TextLimit {
+  public:
+    /// @throws std::length_error  it is more than 256 MiB in all
+    void count(std::string_view text) {
+        bytes_ += text.size();
+        if (bytes_ > 256 * 1024 * 1024) throw std::length_error{"argument with more than 256 MiB of text"};
+    }
+
+  private:
+    std::size_t bytes_ = 0;
 };
 
 }  // namespace talvern::bridge

@@ -3,6 +3,7 @@
 #include <jni.h>
 
 #include <cstdint>
+#include <stdexcept>
 
 #include "bridge/javaMembers.h"
 #include "platform/configService.h"
@@ -20,9 +21,12 @@ class JavaConstants {
         : env_{env}, names_{names}, valueOf_{env, findClass(env, Class.text)} {}
 
     /// The constant; null if Java has none of this name, with its IllegalArgumentException pending.
+    /// @throws std::runtime_error  the platform's table has no name there
     template <typename NativeEnum>
     [[nodiscard]] jobject of(NativeEnum value) const {
-        return valueOf_(notNull(env_->NewStringUTF(names_[static_cast<std::int32_t>(value)])));
+        const char* name = names_[static_cast<std::int32_t>(value)];
+        if (name == nullptr) throw std::runtime_error{"null name in the platform's table"};
+        return valueOf_(notNull(env_->NewStringUTF(name)));
     }
 
   private:

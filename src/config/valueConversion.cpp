@@ -281,6 +281,7 @@ class ToNative {
         jobject text = required(members.getValue(source), "null value text");
         auto value = std::make_unique<SimpleValue>(utf_.take(static_cast<jstring>(text)), mu);
         utf_.releaseLast();
+        limit_.count(value->value);
         return value;
     }
 
@@ -292,6 +293,7 @@ class ToNative {
         jobject javaKey = required(members.getKey(entry), "null value key");
         require(javaKey, members.string, "value key that is not a string");
         key = utf_.take(static_cast<jstring>(javaKey));
+        limit_.count(key);
         return members.getValue(entry);
     }
 
@@ -325,6 +327,7 @@ class ToNative {
     Lazy<IteratorMembers> iterator_;
     Lazy<EntryMembers> entry_;
     UtfStrings utf_;  ///< the keys of the members that are being converted, and one text
+    TextLimit limit_;
 };
 
 }  // namespace

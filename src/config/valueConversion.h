@@ -17,10 +17,10 @@ JNIEXPORT jobject convertValue2JValue(JNIEnv* env, const talvern::config::Value*
 /// A new native tree for the Java value `value`, which belongs to the caller. Null for null, and where the
 /// Java object is of no known kind; within a tree, such an object becomes a null child.
 /// @throws std::invalid_argument  a text, a key, an entry set, an iterator or a map entry is null or, but for
-/// the
-///                                text, not what its name says
+///                                the text, not what its name says
 /// @throws std::length_error      the tree is deeper than 1,000 levels, contains itself, or has more than
-///                                4,000,000 values, null children and repeated ones included
+///                                4,000,000 values or 256 MiB of text, null children and repeated ones
+///                                included
 /// @throws PendingJavaException   a lookup or a call of the value's own methods failed; the JVM's error is
 ///                                pending
 JNIEXPORT talvern::config::Value* convertJValue2Value(JNIEnv* env, jobject value);

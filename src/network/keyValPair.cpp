@@ -34,12 +34,15 @@ jobjectArray toJavaHashMapArray(
 bool toKeyValPair(JNIEnv* env, jobjectArray keys, jobjectArray values, KeyValPair& attributes) {
     const jsize length = lengthOf(env, keys);
     if (lengthOf(env, values) != length) return false;
+    TextLimit limit;
     for (jsize i = 0; i < length; ++i) {
         jstring javaKey = elementOf(env, keys, i);
         jstring javaValue = elementOf(env, values, i);
         UtfStrings utf{env};
         const char* key = utf.take(javaKey);
         const char* value = utf.take(javaValue);
+        limit.count(key);
+        limit.count(value);
         attributes.pairs.insert_or_assign(key, value);
     }
     return true;

@@ -27,6 +27,7 @@ jobjectArray toJavaHashMapArray(
 /// Stores each value under the key with the same index; where a key comes again, its last value stays.
 /// False: the arrays differ in length, and nothing is stored.
 /// @throws std::invalid_argument  one of the arrays or of their elements is null
+/// @throws std::length_error      the texts come to more than 256 MiB
 bool toKeyValPair(JNIEnv* env, jobjectArray keys, jobjectArray values, types::KeyValPair& attributes);
 
 }  // namespace talvern::bridge

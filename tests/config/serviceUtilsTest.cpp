@@ -107,10 +107,14 @@ TEST_F(ServiceUtilsTest, TakesAStateByItsNumber) {
     EXPECT_EQ(code(), "OK");
 }
 
-TEST_F(ServiceUtilsTest, LetsJavaReportANameThatItLacks) {
-    EXPECT_CALL(mockOf<&config::Service::resetObject>(), Call).WillOnce(Return(Code{10}));
+TEST_F(ServiceUtilsTest, RefusesACodeWhoseNameIsNullOrUnknownToJava) {
+    EXPECT_CALL(mockOf<&config::Service::resetObject>(), Call)
+        .WillOnce(Return(Code{10}))
+        .WillOnce(Return(Code{11}));
     EXPECT_EQ(askFor("_resetObject"), "null");
     EXPECT_THAT(takeThrown(), testing::StartsWith("java.lang.IllegalArgumentException: No enum constant"));
+    EXPECT_EQ(askFor("_resetObject"), "null");
+    EXPECT_EQ(takeThrown(), "com.kvo.talvern.TalvernException: null name in the platform's table");
 }
 
 TEST_F(ServiceUtilsTest, ExportsTheConversions) {

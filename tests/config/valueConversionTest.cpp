@@ -226,8 +226,29 @@ TEST_F(LargeValueConversionTest, FourMillionValuesAreTheLimitBothWays) {
     EXPECT_EQ(takeThrown(), tooMany);
 
     // Forty objects that stand for 2^40 values.
-    send(values("doubled", "(I)Lcom/kvo/talvern/config/Value;", 40));
+    send(doubled(40, "innermost"));
     EXPECT_EQ(takeThrown(), tooMany);
+}
+
+TEST_F(LargeValueConversionTest, ATextUsedAgainAndAgainIsCountedEachTime) {
+    const std::string megabyte(1 << 20, 'x');
+    const auto tooMuch = "com.kvo.talvern.TalvernException: argument with more than 256 MiB of text";
+    EXPECT_CALL(mockOf<&Service::updateObject>(), Call).WillOnce(testing::Return(Code::OK));
+    send(doubled(9, megabyte));  // 256 times
+    EXPECT_EQ(takeThrown(), "");
+    send(doubled(10, megabyte));
+    EXPECT_EQ(takeThrown(), tooMuch);
+
+    jobjectArray texts = javaStrings(Texts(257));
+    jobjectArray keys = javaStrings(Texts(257));
+    jstring text = javaString(megabyte);
+    for (jsize i = 0; i < 257; ++i) env->SetObjectArrayElement(texts, i, text);
+    EXPECT_EQ(ask("_setTimeServers", texts), "false");
+    EXPECT_EQ(takeThrown(), tooMuch);
+    EXPECT_EQ(ask("_setEthernetInterface", texts, keys), "112");
+    EXPECT_EQ(takeThrown(), tooMuch);
+    EXPECT_EQ(ask("_setEthernetInterface", keys, texts), "112");
+    EXPECT_EQ(takeThrown(), tooMuch);
 }
 
 }  // namespace

@@ -81,8 +81,8 @@ namespace talvern::config {
 const char* const OPSTATE_STR[] = {"UNKNOWN", "UP", "DOWN", "PENDING", "FAILED"};
 const char* const ADMINSTATE_STR[] = {"UNKNOWN", "ENABLED", "DISABLED"};
 const char* const RETURNCODE_STR[] = {
-    "OK",           "FAILED",       "NOT_FOUND", "ALREADY_EXISTS", "NOT_PERMITTED",   "BUSY",
-    "INVALID_NAME", "INVALID_TYPE", "IN_USE",    "NULL_VALUE",     "NO_JAVA_CONSTANT"};
+    "OK",           "FAILED",       "NOT_FOUND", "ALREADY_EXISTS", "NOT_PERMITTED",    "BUSY",
+    "INVALID_NAME", "INVALID_TYPE", "IN_USE",    "NULL_VALUE",     "NO_JAVA_CONSTANT", nullptr};
 
 const char* messaging::ValidationException::what() const noexcept { return "validation failed"; }
 const char* messaging::ConfigChangeException::what() const noexcept { return "change failed"; }

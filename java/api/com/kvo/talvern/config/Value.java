@@ -5,8 +5,8 @@ import com.kvo.talvern.TalvernException;
 
 /**
  * The value of a configuration object: a text ({@link SimpleValue}), values under keys ({@link StructValue}) or a
- * list of values ({@link ArrayValue}). The configuration service takes trees of up to 1,000 levels and
- * 4,000,000 values.
+ * list of values ({@link ArrayValue}). The configuration service takes trees of up to 1,000 levels,
+ * 4,000,000 values and 256 MiB of text.
  *
  * <p>Two values are equal if their flags and contents are. Values may be changed, so they are not for use as
  * keys, and not by several threads at once.

@@ -86,9 +86,9 @@ public final class Values {
         return value;
     }
 
-    /** Lists of two elements each, which are the same: 2^levels values in `levels` objects. */
-    public static Value doubled(int levels) {
-        Value value = new SimpleValue("innermost", false);
+    /** Lists of two elements each, which are the same: 2^(levels - 1) times `text`, in `levels` objects. */
+    public static Value doubled(int levels, String text) {
+        Value value = new SimpleValue(text, false);
         for (int level = 1; level < levels; level++) {
             ArrayValue outer = new ArrayValue(false);
             outer.add(value);
