@@ -14,19 +14,36 @@
 
 namespace {
 
-const char* fileName() {
+namespace files = std::filesystem;
+
+/// As the environment names the file when the library is loaded; empty for none.
+const files::path& givenName = *new files::path{[] {
     const char* name = std::getenv("TALVERN_APPLIANCE");
-    return name == nullptr || *name == '\0' ? nullptr : name;
+    if (name == nullptr || *name == '\0') return files::path{};
+    std::error_code error;
+    const files::path absolute = files::absolute(name, error);
+    return error ? files::path{name} : absolute;
+}()};
+
+std::runtime_error failure(const std::string& file, const char* what, int error = errno) {
+    return std::runtime_error{file + ": " + what + ": " + std::strerror(error)};
 }
 
-/// The file itself, not a link to it, which the first change would replace.
+/// The file itself, which need not exist, not a link to it, which the first change would replace.
+std::string withoutLinks(files::path name) {
+    try {
+        for (int links = 0; links < 40 && files::is_symlink(files::symlink_status(name)); ++links) {
+            name = name.parent_path() / files::read_symlink(name);
+        }
+        return files::weakly_canonical(name);
+    } catch (const files::filesystem_error& problem) {
+        throw failure(givenName, "can't be read", problem.code().value());
+    }
+}
+
 const std::string& path() {
-    static const std::string& path = *new std::string{std::filesystem::weakly_canonical(fileName())};
+    static const std::string& path = *new std::string{withoutLinks(givenName)};
     return path;
-}
-
-std::runtime_error failure(const std::string& file, const char* what) {
-    return std::runtime_error{file + ": " + what + ": " + std::strerror(errno)};
 }
 
 /// Closes a file.
@@ -48,11 +65,21 @@ class Descriptor {
     int number_;
 };
 
+/// Gives a new file the owner and the mode of the appliance's, without which it is for this user alone. False
+/// if that fails.
+bool makeLikeAppliance(int file) {
+    struct stat status {};
+    if (::stat(path().c_str(), &status) != 0) return ::fchmod(file, S_IRUSR | S_IWUSR) == 0;
+    // Only root can give a file to somebody else, and should: what it changes stays its owner's.
+    if (::fchown(file, status.st_uid, status.st_gid) != 0 && errno != EPERM) return false;
+    return ::fchmod(file, (status.st_mode & 0777) | S_IRUSR | S_IWUSR) == 0;
+}
+
 auto timeOf(const timespec& time) { return std::tie(time.tv_sec, time.tv_nsec); }
 
 }  // namespace
 
-const bool isKept = fileName() != nullptr;
+const bool isKept = !givenName.empty();
 
 FileLock::FileLock(Subject subject) {
     using std::chrono::milliseconds;
@@ -80,7 +107,14 @@ FileLock FileLock::attempt(Subject subject) {
 
 bool FileLock::take(Subject subject) {
     const std::string file = path() + ".lock";
-    Descriptor lockFile{::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, S_IRUSR | S_IWUSR)};
+    constexpr int flags = O_RDWR | O_CLOEXEC | O_NOFOLLOW;
+    int number = ::open(file.c_str(), flags);
+    if (number < 0 && errno == ENOENT) {
+        number = ::open(file.c_str(), flags | O_CREAT | O_EXCL, S_IRUSR | S_IWUSR);
+        if (number < 0 && errno == EEXIST) return false;
+        if (number >= 0) makeLikeAppliance(number);
+    }
+    Descriptor lockFile{number};
     if (lockFile.number() < 0) throw failure(file, "can't be opened");
     struct flock range {};
     range.l_type = F_WRLCK;
@@ -132,6 +166,7 @@ ApplianceFile::State ApplianceFile::look() {
     timespec now{};
     ::clock_gettime(CLOCK_REALTIME_COARSE, &now);  // the clock of the file's times
     const Descriptor file{::open(path().c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)};
+    if (file.number() < 0 && errno == ENOENT) return look();  // removed at this moment
     if (file.number() < 0 || ::fstat(file.number(), &status) != 0) throw failure(path(), "can't be read");
     if (!S_ISREG(status.st_mode)) throw problem("is no regular file");
     // Root may write everything: the file's own mode counts.
@@ -157,8 +192,6 @@ ApplianceFile::State ApplianceFile::look() {
 
 void ApplianceFile::replace(std::string text) {
     isKnown_ = false;
-    struct stat status {};
-    const bool isThere = ::stat(path().c_str(), &status) == 0;
     // Only the owner of the lock is here: a file of this name was left by a process that was killed.
     const std::string temporary = path() + ".new";
     ::unlink(temporary.c_str());
@@ -170,14 +203,14 @@ void ApplianceFile::replace(std::string text) {
         errno = error;
         throw failure(path(), "can't be written");
     };
-    if (isThere && ::fchmod(file.number(), status.st_mode & 0777) != 0) refuse();
+    if (!makeLikeAppliance(file.number())) refuse();
     for (std::string_view rest = text; !rest.empty();) {
         const ssize_t count = ::write(file.number(), rest.data(), rest.size());
         if (count < 0 && errno != EINTR) refuse();
         rest.remove_prefix(count > 0 ? static_cast<std::size_t>(count) : 0);
     }
-    if (::close(file.release()) != 0 || ::rename(temporary.c_str(), path().c_str()) != 0) refuse();
     ::clock_gettime(CLOCK_REALTIME_COARSE, &lookedAt_);
+    if (::close(file.release()) != 0 || ::rename(temporary.c_str(), path().c_str()) != 0) refuse();
     text_ = std::move(text);
     isKnown_ = ::stat(path().c_str(), &status_) == 0;
 }

@@ -94,23 +94,55 @@ class Kept : public testing::Test {
     void SetUp() override { files::remove(file); }
 };
 
-/// All tests of this program start with a factory-new appliance.
+/// All tests of this program start with a factory-new appliance. A link stays: it may lead to none yet.
 class FactoryNew : public testing::Environment {
   public:
     void SetUp() override {
-        if (file != nullptr) files::remove(file);
+        if (file != nullptr && !files::is_symlink(file)) files::remove(file);
     }
 };
 const testing::Environment* const factoryNew =
     testing::AddGlobalTestEnvironment(new FactoryNew);  // NOLINT: gtest deletes it
 
 TEST_F(Kept, FileIsItsOwnersAndHoldsNoPassword) {
-    EXPECT_EQ(userManagerUtils::addUser("operator", "correct horse"), 0);
-    struct stat status {};
-    ASSERT_EQ(stat(file, &status), 0);
-    EXPECT_EQ(status.st_mode & 0777, 0600U);
+    const std::string lock = std::string{file} + ".lock";
+    const auto ownerAndModeOf = [](const std::string& name) {
+        struct stat status {};
+        EXPECT_EQ(stat(name.c_str(), &status), 0);
+        return std::pair{status.st_uid, status.st_mode & 0777};
+    };
+    const std::pair mine{getuid(), mode_t{0600}};
+    files::remove(lock);
+    const mode_t usualMask = umask(0777);
+    EXPECT_EQ(refusal([] { userManagerUtils::addUser("operator", "correct horse"); }), "");
+    EXPECT_EQ(ownerAndModeOf(file), mine);
+    EXPECT_EQ(ownerAndModeOf(lock), mine);
+    files::remove(lock);
+    chmod(file, 0640);
+    const uid_t other = getuid() == 0 ? 65534 : getuid();  // root can give files away
+    EXPECT_EQ(chown(file, other, getgid()), 0);
+    EXPECT_EQ(refusal([] { nodeName::set("rack-7"); }), "");
+    umask(usualMask);
+    EXPECT_EQ(ownerAndModeOf(file), std::pair(other, mode_t{0640}));
+    EXPECT_EQ(ownerAndModeOf(lock), std::pair(other, mode_t{0640}));
+    files::remove(lock);
     EXPECT_THAT(fileText(), HasSubstr("{\"name\": \"operator\", \"passwordHash\": \"$"));
     EXPECT_THAT(fileText(), Not(HasSubstr("correct horse")));
+}
+
+TEST_F(Kept, NewFileIsMadeWhereALinkLeads) {
+    const files::path link = std::string{file} + ".link";
+    files::create_symlink(files::path{file}.filename(), link);
+    // A process that has not asked yet where the file is.
+    const std::string program = files::read_symlink("/proc/self/exe");
+    EXPECT_EQ(
+        std::system(
+            ("TALVERN_APPLIANCE=" + link.string() + " " + program + " --gtest_filter=Users.Are* >/dev/null")
+                .c_str()),
+        0);
+    EXPECT_TRUE(files::is_symlink(link));
+    files::remove(link);
+    EXPECT_NE(fileText(), "");
 }
 
 /// An appliance that uses every member of the file.
