@@ -12,9 +12,14 @@
 #include <unistd.h>
 #include <utility>
 
+#include "json.h"
+
 namespace {
 
 namespace files = std::filesystem;
+
+/// More is no appliance: the large one of the examples has 1 MiB.
+constexpr off_t sizeLimit = 64 << 20;
 
 /// As the environment names the file when the library is loaded; empty for none.
 const files::path& givenName = *new files::path{[] {
@@ -26,7 +31,7 @@ const files::path& givenName = *new files::path{[] {
 }()};
 
 std::runtime_error failure(const std::string& file, const char* what, int error = errno) {
-    return std::runtime_error{file + ": " + what + ": " + std::strerror(error)};
+    return std::runtime_error{json::toModifiedUtf8(file) + ": " + what + ": " + std::strerror(error)};
 }
 
 /// The file itself, which need not exist, not a link to it, which the first change would replace.
@@ -87,7 +92,8 @@ FileLock::FileLock(Subject subject) {
     for (std::chrono::microseconds pause{20}; !take(subject);
          pause = std::min(pause * 2, {milliseconds{2}})) {
         if (std::chrono::steady_clock::now() > end) {
-            throw std::runtime_error{path() + ".lock: has been locked by another process for 30 seconds"};
+            throw std::runtime_error{
+                json::toModifiedUtf8(path()) + ".lock: has been locked by another process for 30 seconds"};
         }
         std::this_thread::sleep_for(pause);
     }
@@ -141,7 +147,8 @@ ApplianceFile& applianceFile() {
 
 std::runtime_error ApplianceFile::problem(std::string_view cause, int line) const {
     return std::runtime_error{
-        path() + (line > 0 ? ':' + std::to_string(line) : "") + ": " + std::string{cause}};
+        json::toModifiedUtf8(path()) + (line > 0 ? ':' + std::to_string(line) : "") + ": " +
+        std::string{cause}};
 }
 
 /// What is written into the file in place within the resolution of its times may leave them as they are, so
@@ -172,6 +179,7 @@ ApplianceFile::State ApplianceFile::look() {
     // Root may write everything: the file's own mode counts.
     if ((status.st_mode & S_IWUSR) == 0) throw problem("is read-only");
     if (::access(path().c_str(), W_OK) != 0) throw failure(path(), "can't be written");
+    if (status.st_size > sizeLimit) throw problem("is too large");
     std::string found(static_cast<std::size_t>(status.st_size), '\0');
     std::size_t length = 0;
     ssize_t count = 0;

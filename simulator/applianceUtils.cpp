@@ -15,6 +15,10 @@ template <typename Members>
 void describe(Members& members, ComponentFirmware& component) {
     members("component", component.component);
     members("firmware", component.firmware);
+    if constexpr (Members::isReading) {
+        // The firmware that runs gets the next numbers.
+        members.require(component.component < 1'000'000, "component: must be below 1000000");
+    }
 }
 
 template <typename Members>

@@ -12,6 +12,7 @@ namespace {
 // The trees of configuration objects have 1,000 levels at most, each of which may take two here.
 constexpr std::size_t depthLimit = 2'100;
 constexpr std::size_t lineLimit = 130;
+constexpr std::size_t quoteLimit = 300;
 
 constexpr char32_t noUnit = 0xFFFFFFFF;
 
@@ -69,28 +70,6 @@ void addCharacter(std::string& text, char32_t character) {
             {static_cast<char>(0xF0 | (character >> 18)), continuation(character >> 12),
              continuation(character >> 6), continuation(character)};
     }
-}
-
-/// Valid UTF-8 as the bridge hands it to Java.
-std::string toModifiedUtf8(std::string text) {
-    const auto differs = [](char c) { return c == '\0' || static_cast<unsigned char>(c) >= 0xF0; };
-    if (std::none_of(text.begin(), text.end(), differs)) return text;
-    std::string modified;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '\0') {
-            modified += "\xC0\x80";
-        } else if (differs(text[i])) {
-            char32_t character = text[i] & 0x07;
-            for (int following = 0; following < 3; ++following) {
-                character = character << 6 | (static_cast<unsigned char>(text[++i]) & 0x3F);
-            }
-            addThreeBytes(modified, 0xD800 + ((character - 0x10000) >> 10));
-            addThreeBytes(modified, 0xDC00 + ((character - 0x10000) & 0x3FF));
-        } else {
-            modified += text[i];
-        }
-    }
-    return modified;
 }
 
 /// Where the parser is: at the next character, and on the line of the last one.
@@ -159,7 +138,10 @@ class Builder : public nlohmann::json_sax<nlohmann::json> {
         std::string_view text = error.what();
         text.remove_prefix(text.find("] ") + 2);
         if (text.starts_with("parse error")) text.remove_prefix(text.find(": ") + 2);
-        throw Problem{position_.line, std::string{text}};
+        // It quotes the file's bytes, whatever they are and however many.
+        throw Problem{
+            position_.line, toModifiedUtf8(std::string{text.substr(0, quoteLimit)}) +
+                                (text.size() > quoteLimit ? "..." : "")};
     }
 
     std::deque<Node> nodes;
@@ -210,6 +192,35 @@ class Builder : public nlohmann::json_sax<nlohmann::json> {
 };
 
 }  // namespace
+
+std::string toModifiedUtf8(std::string text) {
+    const auto isPlain = [](char c) { return c != '\0' && static_cast<unsigned char>(c) < 0x80; };
+    if (std::all_of(text.begin(), text.end(), isPlain)) return text;
+    std::string modified;
+    for (std::string_view rest = text; !rest.empty();) {
+        const auto first = static_cast<unsigned char>(rest.front());
+        const std::size_t length = first < 0x80 ? 1 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
+        const std::string_view character = rest.substr(0, length);
+        const bool isCharacter =
+            character.size() == length && (length == 1 || (first >= 0xC0 && first < 0xF5)) &&
+            std::all_of(character.begin() + 1, character.end(), [](char c) { return (c & 0xC0) == 0x80; });
+        rest.remove_prefix(isCharacter ? length : 1);
+        if (!isCharacter) {
+            modified += '?';
+        } else if (first == 0) {
+            modified += "\xC0\x80";
+        } else if (length < 4) {
+            modified += character;
+        } else {
+            char32_t code = first & 0x07;
+            for (const char c : character.substr(1))
+                code = code << 6 | (static_cast<unsigned char>(c) & 0x3F);
+            addThreeBytes(modified, 0xD800 + ((code - 0x10000) >> 10));
+            addThreeBytes(modified, 0xDC00 + ((code - 0x10000) & 0x3FF));
+        }
+    }
+    return modified;
+}
 
 std::deque<Node> parse(const std::string& text) {
     Position begin{text.data()};

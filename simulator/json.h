@@ -10,6 +10,9 @@
 /// The appliance's file as text. Inside the appliance texts are modified UTF-8, in the file UTF-8.
 namespace json {
 
+/// UTF-8 as the bridge hands it to Java. What is none becomes question marks.
+std::string toModifiedUtf8(std::string text);
+
 /// Why the file is refused.
 class Problem : public std::runtime_error {
   public:

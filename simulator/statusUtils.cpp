@@ -262,6 +262,7 @@ void describe(Members& members, State& state) {
     members("isLocateLedOn", state.isLocateLedOn);
     members("services", state.services);
     members("netServices", state.netServices);
+    if constexpr (Members::isReading) members.require(state.started >= 0, "started: must not be before 1970");
 }
 
 auto& memory = Memory<State>::make("hardware", OnReset::stays);
@@ -271,6 +272,11 @@ std::int32_t wave(const Load& load) {
     constexpr std::int32_t steps[]{0, 3, 7, 9, 6, 2};
     static std::atomic<std::size_t> readings = 0;
     return load.varies ? steps[readings++ % std::size(steps)] : 0;
+}
+
+std::int32_t changed(std::int32_t load, std::int32_t by) {
+    if (by == 0) return load;
+    return static_cast<std::int32_t>(std::clamp<std::int64_t>(std::int64_t{load} + by, 0, 100));
 }
 
 /// Gives the list that `part` is of the state.
@@ -315,7 +321,7 @@ bool getCPUUsage(std::vector<CPUUsage>& usage) {
     const std::int32_t extra = wave(load);
     constexpr std::int32_t directions[]{1, -1, 1, 0};
     for (std::size_t i = 0; i < load.each.size(); ++i) {
-        usage.push_back({static_cast<std::int32_t>(i), load.each[i] + directions[i % 4] * extra});
+        usage.push_back({static_cast<std::int32_t>(i), changed(load.each[i], directions[i % 4] * extra)});
     }
     return true;
 }
@@ -323,7 +329,8 @@ bool getCPUUsage(std::vector<CPUUsage>& usage) {
 bool getCPUDetailedUsage(std::vector<CPUUsage>& usage) {
     const Load load = memory.read([](const State& state) { return state.load; });
     const std::int32_t extra = wave(load);
-    usage = {{0, load.user + extra}, {1, load.system}, {2, load.waiting}, {3, load.idle - extra}};
+    usage = {
+        {0, changed(load.user, extra)}, {1, load.system}, {2, load.waiting}, {3, changed(load.idle, -extra)}};
     return true;
 }
 

@@ -11,30 +11,38 @@ namespace {
 constexpr std::string_view flag = "@mu";
 constexpr std::size_t depthLimit = 1'000;
 
-/// Lists and structures that still lack their children.
-using Unfilled = std::vector<std::pair<const json::Node*, Value*>>;
+/// A list or structure that still lacks its children.
+struct Container {
+    const json::Node* source;
+    Value* value;
+    std::size_t level;  ///< the root's is 1
+};
+using Unfilled = std::vector<Container>;
 
 template <typename Kind>
-std::unique_ptr<Value> empty(const json::Node& node, bool mu, Unfilled& unfilled) {
+std::unique_ptr<Value> empty(const json::Node& node, bool mu, std::size_t level, Unfilled& unfilled) {
     auto value = std::make_unique<Kind>(mu);
-    unfilled.emplace_back(&node, value.get());
+    unfilled.push_back({&node, value.get(), level});
     return value;
 }
 
-std::unique_ptr<Value> withoutChildren(const json::Node* node, Unfilled& unfilled) {
+std::unique_ptr<Value> withoutChildren(const json::Node* node, std::size_t level, Unfilled& unfilled) {
     const json::Node* child = node->firstChild;
     const bool mu =
         node->kind == json::Kind::object && child != nullptr && child->next == nullptr && child->key == flag;
     if (mu) node = child;
+    if (level > depthLimit && node->kind != json::Kind::null) {
+        throw json::Problem{node->line, "is nested too deeply"};
+    }
     switch (node->kind) {
         case json::Kind::null:
             return nullptr;
         case json::Kind::text:
             return std::make_unique<SimpleValue>(node->text, mu);
         case json::Kind::list:
-            return empty<ArrayValue>(*node, mu, unfilled);
+            return empty<ArrayValue>(*node, mu, level, unfilled);
         case json::Kind::object:
-            return empty<StructValue>(*node, mu, unfilled);
+            return empty<StructValue>(*node, mu, level, unfilled);
         default:
             throw json::Problem{node->line, "must be a text, a list, an object or null"};
     }
@@ -76,12 +84,12 @@ void begin(json::Text& out, const Value* value, std::vector<Open>& open) {
 
 void fromJson(const json::Node& node, std::unique_ptr<Value>& value) {
     Unfilled unfilled;
-    value = withoutChildren(&node, unfilled);
+    value = withoutChildren(&node, 1, unfilled);
     while (!unfilled.empty()) {
-        const auto [source, target] = unfilled.back();
+        const auto [source, target, level] = unfilled.back();
         unfilled.pop_back();
         for (const json::Node* child = source->firstChild; child != nullptr; child = child->next) {
-            std::unique_ptr<Value> childValue = withoutChildren(child, unfilled);
+            std::unique_ptr<Value> childValue = withoutChildren(child, level + 1, unfilled);
             if (auto* structure = dynamic_cast<StructValue*>(target)) {
                 structure->put(child->key.substr(child->key.starts_with('@') ? 1 : 0), std::move(childValue));
             } else {

@@ -254,7 +254,9 @@ TEST_F(Kept, WhatCannotBeReadOrWrittenIsRefusedAndStaysAsItIs) {
         {[] { writeFile("[]"); }, ":1: must be an object"},
         {[] { writeFile("{\n\"nodeName\": \"a\",\n}"); }, ":3: syntax error while parsing object key"},
         {[] { writeFile("{} {}"); }, ":1: syntax error while parsing"},
-        {[] { writeFile("{\"nodeName\": \"\xFF\"}"); }, "invalid string"},
+        {[] { writeFile("{\"nodeName\": \"\xF0\x9F\x98\x80\xFF\"}"); },
+         "invalid string: ill-formed UTF-8 byte; last read: '\"\xED\xA0\xBD\xED\xB8\x80?'"},
+        {[] { files::resize_file(file, 100'000'000); }, ": is too large"},
         {[] { writeFile("{\"nodeName\": \"a\",\n\"snmp\": {},\n\"nodeName\": \"b\"}"); },
          ":3: there are two members nodeName"},
         {[] { writeFile(std::string(100'000, '[')); }, ":1: is nested too deeply"},
@@ -268,6 +270,16 @@ TEST_F(Kept, WhatCannotBeReadOrWrittenIsRefusedAndStaysAsItIs) {
          ":1: hardware.disks[0].revision: must have at most 5 bytes"},
         {[] { writeFile(R"({"hardware": {"disks": [{"wear": 128}]}})"); },
          ":1: hardware.disks[0].wear: must be a whole number from -128 to 127"},
+        {[] { writeFile(R"({"hardware": {"started": -1}})"); },
+         ":1: hardware: started: must not be before 1970"},
+        {[] { writeFile(R"({"inventory": {"components": [{"component": 2147483647}]}})"); },
+         ":1: inventory.components[0]: component: must be below 1000000"},
+        {[] {
+             writeFile(
+                 R"({"config": [{"type": "ApplicationData", "name": "a", "value":)" + std::string(1001, '[') +
+                 std::string(1001, ']') + "}]}");
+         },
+         ":1: config[0].value: is nested too deeply"},
         {[] { writeFile(R"({"logging": {"level": "loud"}})"); },
          ":1: logging.level: must be one of emergency, alert"},
         {[] { writeFile(R"({"hosts": {"db": []}})"); }, ":1: hosts.db: is no address"},
@@ -310,6 +322,7 @@ TEST_F(Kept, WhatCannotBeReadOrWrittenIsRefusedAndStaysAsItIs) {
         }
         EXPECT_EQ(fileText(), before);
     }
+    files::remove(file);
 }
 
 TEST_F(Kept, ChangeForWhichThereIsNoRoomLeavesTheFileAsItIs) {
@@ -347,16 +360,24 @@ std::string addressOf(int process, int number) {
 }
 
 TEST_F(Kept, NoChangeOfTwoProcessesIsLost) {
+    writeFile(
+        R"({"faults": [{"operation": "hostsUtils::setHostnames", "outcome": "failure", "times": 60}]})");
     const int changes = scaled(150);
     const auto change = [=](int process) {
         return start([=] {
-            for (int i = 0; i < changes; ++i) hostsUtils::setHostnames(addressOf(process, i), {"host"});
+            int failures = 0;
+            for (int i = 0; i < changes; ++i) {
+                while (!hostsUtils::setHostnames(addressOf(process, i), {"host"})) ++failures;
+            }
+            _exit(failures);
         });
     };
     const pid_t one = change(1);
     const pid_t other = change(2);
-    EXPECT_EQ(statusOf(one), 0);
-    EXPECT_EQ(statusOf(other), 0);
+    const int status = statusOf(one);
+    const int otherStatus = statusOf(other);
+    EXPECT_TRUE(WIFEXITED(status) && WIFEXITED(otherStatus));
+    EXPECT_EQ(WEXITSTATUS(status) + WEXITSTATUS(otherStatus), 60);
     EXPECT_EQ(hostsUtils::getAddresses().size(), 2U + 2U * static_cast<unsigned>(changes));
 }
 
@@ -405,6 +426,10 @@ TEST_F(Kept, DamagedFileIsReadOrRefusedAndNeverMore) {
         "-1",
         "0.5",
         "1e999",
+        "2147483647",
+        "-2147483648",
+        "9223372036854775807",
+        "-9223372036854775808",
         "99999999999999999999",
         "\"\\ud800\"",
         "\"x\"",
@@ -432,9 +457,15 @@ TEST_F(Kept, DamagedFileIsReadOrRefusedAndNeverMore) {
         const std::function<void()> ways[]{
             [&] { text.resize(any(text.size())); },
             [&] { text[any(text.size())] = static_cast<char>(any(256)); },
+            [&] {  // a line, the first one too
+                const std::size_t begin = position == 0 ? 0 : text.rfind('\n', position - 1) + 1;
+                const std::string line = text.substr(begin, text.find('\n', begin) + 1 - begin);
+                any(2) == 0 ? text.erase(begin, line.size()) : text.insert(begin, line);
+            },
             [&] {
-                text.erase(
-                    text.rfind('\n', position), text.find('\n', position) - text.rfind('\n', position));
+                for (auto count = any(20); count > 0; --count) {
+                    text[any(text.size())] = static_cast<char>(any(256));
+                }
             },
             [&] { text.insert(position, good.substr(otherPosition, any(400))); },
             [&] { text.replace(position, length, tokens[any(tokens.size())]); },
@@ -457,6 +488,8 @@ TEST_F(Kept, DamagedFileIsReadOrRefusedAndNeverMore) {
                     applianceUtils::getDateTime();
                     statusUtils::getRaidPhysDiskStatus(disks);
                     statusUtils::getCPUUsage(usage);
+                    statusUtils::getCPUDetailedUsage(usage);
+                    statusUtils::getUptime();
                     ethernetInterfaces::getInterfaces(interfaces);
                     for (const auto* interface : interfaces) {
                         ethernetInterfaces::getVLANStatus(interface->pairs.at("name"));
