@@ -7,14 +7,22 @@ import com.kvo.talvern.internal.LibrarySearch;
 import java.io.File;
 import java.io.IOException;
 import java.nio.channels.FileChannel;
+import java.nio.charset.CharacterCodingException;
 import java.nio.charset.StandardCharsets;
+import java.nio.file.FileAlreadyExistsException;
+import java.nio.file.FileSystemException;
 import java.nio.file.Files;
+import java.nio.file.LinkOption;
+import java.nio.file.NoSuchFileException;
 import java.nio.file.Path;
 import java.nio.file.StandardCopyOption;
 import java.nio.file.StandardOpenOption;
+import java.nio.file.attribute.PosixFileAttributeView;
+import java.nio.file.attribute.PosixFileAttributes;
 import java.nio.file.attribute.PosixFilePermission;
 import java.nio.file.attribute.PosixFilePermissions;
 import java.util.Set;
+import java.util.concurrent.Callable;
 import java.util.function.Consumer;
 
 /** The file in which the simulated appliance is kept, for what is no operation of an appliance. */
@@ -24,10 +32,17 @@ final class ApplianceFile {
 
     private static final Set<PosixFilePermission> OWNER = PosixFilePermissions.fromString("rw-------");
 
+    private static final int MOST_LINKS = 40;
+
     private final Path path;
 
-    private ApplianceFile(Path path) {
-        this.path = path;
+    /** @param name may be that of a link, which stays one */
+    ApplianceFile(Path name) throws IOException {
+        Path file = name.toAbsolutePath();
+        for (int links = 0; links < MOST_LINKS && Files.isSymbolicLink(file); links++) {
+            file = file.resolveSibling(Files.readSymbolicLink(file));
+        }
+        path = file;
     }
 
     /** The file's name; null if the appliance is kept in memory. */
@@ -42,8 +57,7 @@ final class ApplianceFile {
         Refusal.unless(platform != null && isSimulated(platform), "The platform library is no simulated appliance"
                 + (platform == null ? "." : ": " + platform));
         Refusal.unless(name() != null, "The appliance is in this process's memory, not in a file: see --appliance.");
-        Path path = Path.of(name());
-        return new ApplianceFile(Files.exists(path) ? path.toRealPath() : path.toAbsolutePath());
+        return new ApplianceFile(Path.of(name()));
     }
 
     /** Whether a platform library is the simulated appliance: only that knows the variable. */
@@ -53,7 +67,32 @@ final class ApplianceFile {
 
     /** What it holds; nothing if it does not exist, which stands for the appliance as it comes from the factory. */
     Fields read() throws IOException {
-        if (!Files.exists(path)) {
+        return attempt(() -> read(attributes()));
+    }
+
+    /** Changes it while no other process does, and as a whole. */
+    void change(Consumer<Fields> change) throws IOException {
+        attempt(() -> {
+            try {
+                Files.createFile(beside(".lock"), PosixFilePermissions.asFileAttribute(OWNER));
+                makeLike(beside(".lock"), attributes());
+            } catch (FileAlreadyExistsException e) {
+                // as always but the first time
+            }
+            try (FileChannel channel = FileChannel.open(beside(".lock"), StandardOpenOption.WRITE,
+                    LinkOption.NOFOLLOW_LINKS)) {
+                channel.lock(0, 1, false); // until the channel is closed
+                PosixFileAttributes present = attributes();
+                Fields document = read(present);
+                change.accept(document);
+                replace(Json.text(document), present);
+            }
+            return null;
+        });
+    }
+
+    private Fields read(PosixFileAttributes present) throws IOException {
+        if (present == null) {
             return new Fields();
         }
         try {
@@ -65,22 +104,56 @@ final class ApplianceFile {
         }
     }
 
-    /** Changes it while no other process does, and as a whole. */
-    void change(Consumer<Fields> change) throws IOException {
-        Path lock = beside(".lock");
+    private void replace(String text, PosixFileAttributes present) throws IOException {
         Path changed = beside(".new");
-        try (FileChannel channel = FileChannel.open(lock, Set.of(StandardOpenOption.CREATE,
-                StandardOpenOption.WRITE), PosixFilePermissions.asFileAttribute(OWNER))) {
-            channel.lock(0, 1, false); // until the channel is closed
-            Fields document = read();
-            change.accept(document);
-            Set<PosixFilePermission> mode = Files.exists(path) ? Files.getPosixFilePermissions(path)
-                    : OWNER;
-            Files.deleteIfExists(changed);
-            Files.createFile(changed, PosixFilePermissions.asFileAttribute(mode));
-            Files.setPosixFilePermissions(changed, mode);
-            Files.writeString(changed, Json.text(document));
+        try {
+            Files.deleteIfExists(changed); // left by a process that was killed
+            Files.createFile(changed, PosixFilePermissions.asFileAttribute(OWNER));
+            makeLike(changed, present);
+            Files.writeString(changed, text);
             Files.move(changed, path, StandardCopyOption.ATOMIC_MOVE);
+        } finally {
+            Files.deleteIfExists(changed);
+        }
+    }
+
+    /** What is known of the file, which the appliance must be able to use; null if it does not exist. */
+    private PosixFileAttributes attributes() throws IOException {
+        try {
+            PosixFileAttributes present = Files.readAttributes(path, PosixFileAttributes.class);
+            Refusal.unless(present.isRegularFile(), path + ": is no regular file.");
+            Refusal.unless(present.permissions().contains(PosixFilePermission.OWNER_WRITE) && Files.isWritable(path),
+                    path + ": is read-only.");
+            return present;
+        } catch (NoSuchFileException e) {
+            return null;
+        }
+    }
+
+    /** Gives a new file the appliance's mode, whatever the umask is, and, where this user may, owner. */
+    private static void makeLike(Path made, PosixFileAttributes present) throws IOException {
+        PosixFileAttributeView view = Files.getFileAttributeView(made, PosixFileAttributeView.class);
+        if (present != null) {
+            try {
+                view.setGroup(present.group());
+                view.setOwner(present.owner());
+            } catch (FileSystemException e) {
+                // only root may
+            }
+        }
+        view.setPermissions(present == null ? OWNER : present.permissions());
+    }
+
+    /** Does something with the file. What fails names it. */
+    private <Result> Result attempt(Callable<Result> action) throws IOException {
+        try {
+            return action.call();
+        } catch (FileSystemException | RuntimeException e) {
+            throw e;
+        } catch (CharacterCodingException e) {
+            throw new Refusal(path + ": a text is not Unicode.");
+        } catch (Exception e) {
+            throw new Refusal(path + ": " + e.getMessage() + ".");
         }
     }
 

@@ -84,7 +84,9 @@ final class Json {
     }
 
     private static Object read(JsonParser parser, JsonToken token, int levels, boolean isExact) throws IOException {
-        if (levels == 0) {
+        if (token == null) {
+            throw new IllegalArgumentException("There is no JSON value.");
+        } else if (levels == 0) {
             throw new IllegalArgumentException("The JSON has more than " + MOST_LEVELS + " levels.");
         }
         if (token == JsonToken.START_OBJECT) {

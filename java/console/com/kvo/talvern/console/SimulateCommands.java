@@ -17,6 +17,7 @@ final class SimulateCommands extends Group {
     private static final List<String> OUTCOMES = Arrays.asList("exception", "validation", "change", "unknown", "failure");
     private static final String OPERATION = "An operation of the platform library, such as nodeName::set.";
     private static final String NEVER_FAILING = "config::(Value::.*|.*_STR)|log::trace"; // no operations of the appliance
+    private static final int LONGEST_DELAY = 3_600_000;
     private static final String TIMES = "How many calls; all without it.";
 
     SimulateCommands() {
@@ -63,8 +64,10 @@ final class SimulateCommands extends Group {
         operations().forEachRemaining(known::add);
         if (!known.contains(operation)) {
             throw command.usageError("There is no operation " + operation + Nearest.hint(operation, known));
-        } else if (times != null && times < 1 || fault.get("delay") != null && (Integer) fault.get("delay") < 0) {
-            throw command.usageError("A number is too small.");
+        }
+        int delay = (Integer) fault.getOrDefault("delay", 0);
+        if (times != null && times < 1 || delay < 0 || delay > LONGEST_DELAY) {
+            throw command.usageError("A number is too small, or a delay above " + LONGEST_DELAY + ".");
         }
         Fields named = new Fields().and("operation", operation);
         named.putAll(fault);

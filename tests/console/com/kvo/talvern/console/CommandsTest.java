@@ -1,7 +1,9 @@
 package com.kvo.talvern.console;
 
+import static org.junit.Assert.assertArrayEquals;
 import static org.junit.Assert.assertEquals;
 import static org.junit.Assert.assertFalse;
+import static org.junit.Assert.assertThrows;
 import static org.junit.Assert.assertTrue;
 
 import java.io.ByteArrayInputStream;
@@ -14,10 +16,15 @@ import java.net.ServerSocket;
 import java.nio.charset.StandardCharsets;
 import java.nio.file.Files;
 import java.nio.file.Path;
+import java.nio.file.attribute.PosixFilePermission;
+import java.nio.file.attribute.PosixFilePermissions;
 import java.util.ArrayList;
 import java.util.List;
+import java.util.Map;
 import java.util.Set;
+import java.util.function.Consumer;
 import java.util.stream.Collectors;
+import java.util.stream.Stream;
 import org.junit.Before;
 import org.junit.Test;
 
@@ -76,6 +83,7 @@ public class CommandsTest {
             "call UserUtils.addUser bob " + SECRET, "call ProcessManagerUtils.setPlatformLogLevel LOUD",
             "call ApplianceUtils.tcpConnect localhost 99999999999", "call HardwareStatusUtils.setLocateLED maybe",
             "call ApplianceUtils.deviceRESET -1", "call ApplianceUtils.deviceRESET 1", "call Value.asXML {",
+            "simulate slow nodeName::get 3600001", "simulate fail nodeName::get --times 0",
             "run /nowhere", "completion bogus"};
         for (String command : commands) {
             assertFails(command, ExitCode.USAGE);
@@ -344,5 +352,44 @@ public class CommandsTest {
             assertEquals(line, ExitCode.USAGE, run("run --echo"));
             assertFalse(line + out + err, (out.toString() + err).contains(SECRET));
         }
+    }
+
+    @Test
+    public void fileOfTheApplianceIsChangedAsAWholeOrStaysAsItIs() throws IOException {
+        Path folder = Files.createTempDirectory("appliance");
+        Path file = folder.resolve("appliance.json");
+        Path link = Files.createSymbolicLink(folder.resolve("link.json"), file.getFileName());
+        Consumer<Fields> change = appliance -> appliance.put("nodeName", "rack-7");
+        new ApplianceFile(link).change(change);
+        assertEquals("rack-7", new ApplianceFile(link).read().get("nodeName"));
+        Set<PosixFilePermission> mode = PosixFilePermissions.fromString("rw-r-----");
+        Files.setPosixFilePermissions(file, mode);
+        boolean isRoot = Files.getAttribute(folder, "unix:uid").equals(0);
+        if (isRoot) {
+            Files.setAttribute(file, "unix:uid", 65534);
+        }
+        Files.delete(folder.resolve("appliance.json.lock"));
+        new ApplianceFile(link).change(change);
+        for (Path made : List.of(file, folder.resolve("appliance.json.lock"))) {
+            assertEquals(mode, Files.getPosixFilePermissions(made));
+            assertTrue(!isRoot || Files.getAttribute(made, "unix:uid").equals(65534));
+        }
+        Map<String, String> problems = Map.of("", "There is no JSON value.", "[]", "is no JSON object.",
+                "{\n]", "Wrong JSON in line 2: ", "\"\u00ff\"", "a text is not Unicode.",
+                "{\"a\": \"\\ud800\"}", "a text is not Unicode.", "{}", "is read-only.");
+        for (Map.Entry<String, String> problem : problems.entrySet()) {
+            byte[] text = problem.getKey().getBytes(StandardCharsets.ISO_8859_1);
+            Files.write(file, text);
+            Files.setPosixFilePermissions(file, PosixFilePermissions.fromString(
+                    problem.getKey().equals("{}") ? "r--r--r--" : "rw-------"));
+            Refusal refusal = assertThrows(Refusal.class, () -> new ApplianceFile(link).change(change));
+            assertTrue(refusal.getMessage(), refusal.getMessage().startsWith(file + ": " + problem.getValue()));
+            assertArrayEquals(text, Files.readAllBytes(file));
+            Files.setPosixFilePermissions(file, mode);
+        }
+        try (Stream<Path> left = Files.list(folder)) {
+            assertEquals(3, left.count());
+        }
+        assertThrows(Refusal.class, () -> new ApplianceFile(folder).read());
     }
 }
