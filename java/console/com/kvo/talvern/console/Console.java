@@ -114,18 +114,23 @@ public final class Console implements Callable<Integer> {
             return fail(err, where + "--appliance FILE is for the start of the command talvern-console, once.",
                     ExitCode.USAGE);
         }
-        CommandLine commandLine = commandLine(arguments).setOut(out).setErr(err)
-                .setParameterExceptionHandler((e, given) -> explainUsage(where, e))
-                .setExecutionExceptionHandler((e, command, parsed) -> explain(where, e, err))
-                .setExecutionStrategy(parsed -> {
-                    verify(parsed);
-                    beforehand.run();
-                    return new RunLast().execute(parsed);
-                });
         try {
-            return commandLine.execute(arguments);
+            return commandLine(arguments).setOut(out).setErr(err)
+                    .setParameterExceptionHandler((e, given) -> explainUsage(where, e))
+                    .setExecutionExceptionHandler((e, command, parsed) -> explain(where, e, err))
+                    .setExecutionStrategy(parsed -> {
+                        verify(parsed);
+                        beforehand.run();
+                        return new RunLast().execute(parsed);
+                    })
+                    .execute(arguments);
         } catch (LinkageError e) {
-            return fail(err, where + e.getMessage(), ExitCode.NOT_LOADED);
+            String message = e.getMessage();
+            if (message.matches("\\S+")) { // no more than the name of a class
+                message = "There is no class " + message.replace('/', '.')
+                        + ": a jar beside the console is damaged or of another release. Install it again.";
+            }
+            return fail(err, where + message, ExitCode.NOT_LOADED);
         }
     }
 
