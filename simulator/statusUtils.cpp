@@ -274,9 +274,10 @@ std::int32_t wave(const Load& load) {
     return load.varies ? steps[readings++ % std::size(steps)] : 0;
 }
 
-std::int32_t changed(std::int32_t load, std::int32_t by) {
-    if (by == 0) return load;
-    return static_cast<std::int32_t>(std::clamp<std::int64_t>(std::int64_t{load} + by, 0, 100));
+/// `percent` of the load with what it rises by in this reading.
+std::int32_t varied(const Load& load, std::int32_t percent, std::int32_t by) {
+    if (!load.varies) return percent;
+    return static_cast<std::int32_t>(std::clamp<std::int64_t>(std::int64_t{percent} + by, 0, 100));
 }
 
 /// Gives the list that `part` is of the state.
@@ -321,7 +322,8 @@ bool getCPUUsage(std::vector<CPUUsage>& usage) {
     const std::int32_t extra = wave(load);
     constexpr std::int32_t directions[]{1, -1, 1, 0};
     for (std::size_t i = 0; i < load.each.size(); ++i) {
-        usage.push_back({static_cast<std::int32_t>(i), changed(load.each[i], directions[i % 4] * extra)});
+        usage.push_back(
+            {static_cast<std::int32_t>(i), varied(load, load.each[i], directions[i % 4] * extra)});
     }
     return true;
 }
@@ -330,7 +332,10 @@ bool getCPUDetailedUsage(std::vector<CPUUsage>& usage) {
     const Load load = memory.read([](const State& state) { return state.load; });
     const std::int32_t extra = wave(load);
     usage = {
-        {0, changed(load.user, extra)}, {1, load.system}, {2, load.waiting}, {3, changed(load.idle, -extra)}};
+        {0, varied(load, load.user, extra)},
+        {1, load.system},
+        {2, load.waiting},
+        {3, varied(load, load.idle, -extra)}};
     return true;
 }
 

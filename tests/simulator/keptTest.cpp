@@ -426,10 +426,6 @@ TEST_F(Kept, DamagedFileIsReadOrRefusedAndNeverMore) {
         "-1",
         "0.5",
         "1e999",
-        "2147483647",
-        "-2147483648",
-        "9223372036854775807",
-        "-9223372036854775808",
         "99999999999999999999",
         "\"\\ud800\"",
         "\"x\"",
@@ -443,9 +439,14 @@ TEST_F(Kept, DamagedFileIsReadOrRefusedAndNeverMore) {
         "\xC0\x80"};
     const std::regex token{R"("[^"]*"|true|false|null|-?[0-9]+|[\[\]{},:])"};
     std::vector<std::pair<std::size_t, std::size_t>> places;
+    std::vector<std::pair<std::size_t, std::size_t>> numbers;
     for (std::sregex_iterator found{good.begin(), good.end(), token}, end; found != end; ++found) {
         places.emplace_back(found->position(), found->length());
+        if (found->str().find_first_not_of("-0123456789") == std::string::npos)
+            numbers.push_back(places.back());
     }
+    const std::vector<std::string> extremes{
+        "2147483647", "-2147483648", "9223372036854775807", "-9223372036854775808"};
     std::mt19937 random{7};
     const auto any = [&](std::size_t count) { return random() % count; };
     int refused = 0;
@@ -470,6 +471,10 @@ TEST_F(Kept, DamagedFileIsReadOrRefusedAndNeverMore) {
             [&] { text.insert(position, good.substr(otherPosition, any(400))); },
             [&] { text.replace(position, length, tokens[any(tokens.size())]); },
             [&] { text.replace(position, length, good.substr(otherPosition, otherLength)); },
+            [&] {
+                const auto [number, digits] = numbers[any(numbers.size())];
+                text.replace(number, digits, extremes[any(extremes.size())]);
+            },
         };
         ways[any(std::size(ways))]();
         writeFile(text);
@@ -509,6 +514,17 @@ TEST_F(Kept, DamagedFileIsReadOrRefusedAndNeverMore) {
     }
     EXPECT_GT(refused, damages / 2);
     EXPECT_LT(refused, damages - damages / 20);
+}
+
+TEST_F(Kept, LoadThatVariesStaysAPercentage) {
+    writeFile(R"({"hardware": {"load": {
+        "each": [2147483647, -2147483648, 99, 1], "user": 2147483647, "idle": -2147483648}}})");
+    for (int reading = 0; reading < 12; ++reading) {
+        std::vector<statusUtils::CPUUsage> usage;
+        statusUtils::getCPUDetailedUsage(usage);
+        statusUtils::getCPUUsage(usage);
+        for (const auto& [number, percent] : usage) EXPECT_TRUE(percent >= 0 && percent <= 100) << percent;
+    }
 }
 
 std::string exampleText(const char* name) {
