@@ -53,6 +53,16 @@ TEST(KeptFaults, OfEachOperationReachJavaThroughItsNativeMethod) {
     EXPECT_THAT(unseen, IsEmpty());
 }
 
+TEST(KeptFaults, OfTheFileItselfEndEachOperation) {
+    const std::string file = std::getenv("TALVERN_APPLIANCE");
+    std::ofstream{file} << "{\n\"nodeName\": \"\xFF\"}";
+    std::vector<std::string> thrown = thrownByNatives();
+    std::erase_if(thrown, [&](const std::string& one) {
+        return one.starts_with("com.kvo.talvern.TalvernException: " + file + ":2: syntax error");
+    });
+    EXPECT_THAT(thrown, testing::ElementsAre("")) << "all but Value._asXML, which asks no appliance";
+}
+
 TEST(KeptFaults, OfEachKindReachJavaAsWhatTheyAre) {
     const std::string package = "com.kvo.talvern.";
     const std::string unknown = package + "TalvernException: Unknown native exception";
