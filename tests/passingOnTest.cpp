@@ -175,7 +175,9 @@ TEST_F(PassingOnTest, TheHardware) {
     passesOn<&statusUtils::batteryReplaced>("_batteryReplaced", flag);
     passes<&statusUtils::isServiceReady>("_isServiceReady", flag, std::tuple{-9}, ServiceStatus{-9}, 0);
     passes<&statusUtils::isNetServiceReady>("_isNetServiceReady", flag, std::tuple{9}, ServiceStatus{9}, 0);
-    for (const bool on : {true, false}) passesOn<&statusUtils::setLocateLED>("_setLocateLED", none, on);
+    for (const jboolean on : std::vector<jboolean>{0, 1, 128}) {  // any byte but zero is true
+        passes<&statusUtils::setLocateLED>("_setLocateLED", none, std::tuple{on}, on != 0);
+    }
 }
 
 TEST_F(PassingOnTest, ProcessesAndFirmware) {

@@ -37,7 +37,7 @@ TEST_F(CallsTest, EachNativeMethodMakesTheCallsOnRecord) {
     std::ifstream knownFile{file};
     for (std::string name; std::getline(knownFile, name, ':');) std::getline(knownFile, known[name]);
 
-    std::ifstream log{TALVERN_JVM_LOG};
+    std::ifstream log{jvmLog()};
     log.seekg(0, std::ios::end);
     for (const NativeMethod& native : bridgeNatives()) {
         const LocalFrame frame;

@@ -13,7 +13,6 @@ const char* libraryFolder() {
 }
 
 JavaVM* createJvm() {
-    const std::string logFile = std::string{TALVERN_JVM_LOG} + (isJniChecked() ? "" : ".unchecked");
     std::vector<std::string> options{
         "-Djava.class.path=" TALVERN_API_JAR ":" TALVERN_TESTS_JAR,
         std::string{"-Dtalvern.library.path="} + libraryFolder(),
@@ -24,7 +23,7 @@ JavaVM* createJvm() {
         "-XX:+UnlockDiagnosticVMOptions",
         "-XX:-DisplayVMOutput",
         "-XX:+LogVMOutput",
-        "-XX:LogFile=" + logFile,
+        "-XX:LogFile=" + jvmLog(),
     };
     if (isJniChecked()) options.emplace_back("-Xcheck:jni");
     JavaVM* vm = nullptr;
@@ -51,6 +50,10 @@ JNIEnv* javaEnv() {
 }
 
 std::string bridgeLibrary() { return std::string{libraryFolder()} + "/libtalvernjni.so"; }
+
+std::string jvmLog() {
+    return std::string{libraryFolder()} + (isJniChecked() ? "/jvm.log" : "/jvm.unchecked.log");
+}
 
 std::string takeException(JNIEnv* env) {
     jthrowable exception = env->ExceptionOccurred();

@@ -26,6 +26,9 @@ class LocalFrame {
 /// The bridge, as a file.
 std::string bridgeLibrary();
 
+/// Where the JVM writes what it finds wrong, beside the bridge.
+std::string jvmLog();
+
 /// The pending Java exception as "class: message", which is cleared; empty if there is none.
 std::string takeException(JNIEnv* env);
 
