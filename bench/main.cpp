@@ -122,8 +122,9 @@ void countInstructions(const Cases& cases) {
         }
         for (const Way way : {bridge, floorCode}) {
             cases.makeReady(index, 10);
-            CALLGRIND_ZERO_STATS;
+            CALLGRIND_START_INSTRUMENTATION;
             static_cast<void>(cases.time(index, way, 10));
+            CALLGRIND_STOP_INSTRUMENTATION;
             part = name + (way == bridge ? " bridge" : " floor");
             CALLGRIND_DUMP_STATS_AT(part.c_str());
         }
