@@ -8,6 +8,7 @@ namespace talvern::bridge {
 void prepareToThrow() noexcept {
     // Volatile, so that the compiler asks: the answer is kept where the exceptions of the thread are.
     [[maybe_unused]] const volatile int underWay = std::uncaught_exceptions();
+    canThrow = true;
 }
 
 void ensureJavaException(JNIEnv* env) noexcept {

@@ -30,15 +30,20 @@ void translate(JNIEnv* env, const Exception&... exception) noexcept {
 /// Then the caller receives a TalvernException.
 void ensureJavaException(JNIEnv* env) noexcept;
 
-/// Makes the C++ runtime take the memory that a thread's first exception needs, and without which it would
-/// end the process: before the native method uses up what there is.
+/// Whether the C++ runtime has the memory that a thread's exceptions need. In the memory that the thread
+/// starts with: a look there is no call.
+[[gnu::tls_model("initial-exec")]] inline constinit thread_local bool canThrow = false;
+
+/// Makes the C++ runtime take that memory, without which the thread's first exception would end the process:
+/// before the native method uses up what there is.
 void prepareToThrow() noexcept;
 
 /// The frame of most native methods: runs `body` and returns its result. Always inlined, as are those that
 /// pass on: code shared by several native methods would cost each a call more.
 template <typename Result, typename Body>
 [[gnu::always_inline]] inline Result entryPoint(JNIEnv* env, Result failureValue, Body body) noexcept {
-    prepareToThrow();
+    if (!canThrow) [[unlikely]]
+        prepareToThrow();
     try {
         return body();
     } catch (const PendingJavaException&) {
