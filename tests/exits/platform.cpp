@@ -50,6 +50,7 @@ class Reports {
 
 std::int32_t upgrade(const std::string&, bool, bool, UpgradeCallback* callback) {
     static Reports reports;
+    callback->progress(0, 2, FwUpgradeCode::verifying);  // a thread of Java's, which may end the JVM later
     reports.start(callback);
     return 0;
 }

@@ -162,14 +162,14 @@ class SweepTest : public BridgeTest {
     /// Attempts a call with arguments of which some are null; `isAnswered` if the contract has an answer for
     /// it.
     void attemptWithNull(
-        const NativeMethod& native, const std::string& what, const std::vector<jvalue>& arguments,
-        bool isAnswered) {
+        const NativeMethod& native, const std::string& what, const std::string& kind,
+        const std::vector<jvalue>& arguments, bool isAnswered) {
         SCOPED_TRACE("null as " + what);
         const Outcome outcome = attempt(native, arguments);
         if (isAnswered) {
             EXPECT_EQ(outcome.exception, "");
         } else {
-            EXPECT_THAT(outcome.exception, StartsWith(general + "null "));
+            EXPECT_THAT(outcome.exception, StartsWith(general + "null " + kind));
             EXPECT_EQ(operations(), 0U);
             EXPECT_EQ(outcome.resultText, failureValue(native));
         }
@@ -236,16 +236,19 @@ TEST_F(SweepTest, EveryNullArgumentIsAnswered) {
             for (jsize element = 0; type == "[Ljava/lang/String;" && element < 2; ++element) {
                 const std::vector<jvalue> withNull = plausibleArguments(native);
                 env->SetObjectArrayElement(static_cast<jobjectArray>(withNull[i].l), element, nullptr);
-                attemptWithNull(native, "element of " + argument, withNull, false);
+                attemptWithNull(native, "element of " + argument, "array element", withNull, false);
             }
             arguments[i].l = nullptr;
-            attemptWithNull(native, argument, arguments, acceptsNull(native, i));
+            const char* kind = type == "Ljava/lang/String;" ? "string argument"
+                               : type.front() == '['        ? "array argument"
+                                                            : "state argument";
+            attemptWithNull(native, argument, kind, arguments, acceptsNull(native, i));
         }
         if (references.size() < 2) return;
         const LocalFrame frame;
         std::vector<jvalue> arguments = plausibleArguments(native);
         for (const std::size_t i : references) arguments[i].l = nullptr;
-        attemptWithNull(native, "every argument", arguments, allAnswered);
+        attemptWithNull(native, "every argument", "", arguments, allAnswered);
     });
 }
 

@@ -16,6 +16,10 @@ import java.util.Set;
 public final class EachNative {
     private EachNative() {}
 
+    public static void main(String[] arguments) throws Exception {
+        System.out.println(thrown());
+    }
+
     /** What the native methods throw when called with plausible arguments: a line for each, empty for nothing. */
     public static String thrown() throws ReflectiveOperationException, java.io.IOException {
         String[] natives = Natives.list(System.getProperty("java.class.path").split(":")[0], "com/kvo/talvern/");

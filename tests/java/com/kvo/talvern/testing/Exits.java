@@ -11,9 +11,6 @@ public final class Exits {
     public static void main(String[] arguments) throws Exception {
         Random random = new Random();
         new FirmwareManagerUtils().upgradeFirmware("image", false, false, (done, total, code) -> {
-            if (arguments[0].equals("callback")) {
-                System.exit(0);
-            }
             pause(random.nextInt(100));
         });
         pause(random.nextInt(400));
