@@ -262,7 +262,10 @@ void describe(Members& members, State& state) {
     members("isLocateLedOn", state.isLocateLedOn);
     members("services", state.services);
     members("netServices", state.netServices);
-    if constexpr (Members::isReading) members.require(state.started >= 0, "started: must not be before 1970");
+    if constexpr (Members::isReading) {
+        members.require(state.started >= 0, "started: must not be before 1970");
+        members.require(state.intrusion >= -1 && state.intrusion <= 1, "intrusion: must be 1, 0 or -1");
+    }
 }
 
 auto& memory = Memory<State>::make("hardware", OnReset::stays);

@@ -273,6 +273,8 @@ TEST_F(Kept, WhatCannotBeReadOrWrittenIsRefusedAndStaysAsItIs) {
          ":1: hardware.disks[0].wear: must be a whole number from -128 to 127"},
         {[] { writeFile(R"({"hardware": {"started": -1}})"); },
          ":1: hardware: started: must not be before 1970"},
+        {[] { writeFile(R"({"hardware": {"intrusion": 7}})"); },
+         ":1: hardware: intrusion: must be 1, 0 or -1"},
         {[] { writeFile(R"({"inventory": {"components": [{"component": 2147483647}]}})"); },
          ":1: inventory.components[0]: component: must be below 1000000"},
         {[] {
