@@ -86,9 +86,11 @@ public final class Values {
         return value;
     }
 
-    /** Lists of two elements each, which are the same: 2^(levels - 1) times `text`, in `levels` objects. */
+    /** Lists of two elements each, which are the same: 2^(levels - 1) times a text under a key. */
     public static Value doubled(int levels, String text) {
-        Value value = new SimpleValue(text, false);
+        StructValue innermost = new StructValue(false);
+        innermost.put(text, new SimpleValue(text, false));
+        Value value = innermost;
         for (int level = 1; level < levels; level++) {
             ArrayValue outer = new ArrayValue(false);
             outer.add(value);
