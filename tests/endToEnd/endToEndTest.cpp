@@ -8,7 +8,7 @@ TEST(EndToEnd, EachOf64ThreadsGetsTheAnswersToItsOwnCalls) {
     EXPECT_EQ(runJava("Threads", "mixedCalls"), "");
 }
 
-TEST(EndToEnd, TwoUpgradesReportAtOnce) { EXPECT_EQ(runJava("Threads", "upgrades"), ""); }
+TEST(EndToEnd, UpgradesReportAtOnce) { EXPECT_EQ(runJava("Threads", "upgrades"), ""); }
 
 TEST(EndToEnd, AnyDepthOnAnyStackGivesAResultOrAClearException) {
     EXPECT_EQ(runJava("Depth", "surprises"), "");

@@ -96,11 +96,13 @@ TEST_F(HardwareStatusUtilsTest, ReadsTextsWithoutNulNoFurtherThanTheirArrays) {
 }
 
 TEST_F(HardwareStatusUtilsTest, NamesTheNullRecordInAListOfDisks) {
-    EXPECT_CALL(mockOf<&statusUtils::getRaidPhysDiskStatus>(), Call).WillOnce(deliver(Disks{&disk, nullptr}));
-    EXPECT_EQ(ask("_getRaidPhysicalDiskStatus"), "null");
-    EXPECT_EQ(
-        takeThrown(),
-        "com.kvo.talvern.TalvernException: null record in the list of physical disks at index 1");
+    for (const auto& [disks, index] :
+         {std::pair{Disks{&disk, nullptr}, std::string{"1"}}, {Disks{nullptr, &disk}, "0"}}) {
+        EXPECT_CALL(mockOf<&statusUtils::getRaidPhysDiskStatus>(), Call).WillOnce(deliver(disks));
+        EXPECT_EQ(ask("_getRaidPhysicalDiskStatus"), "null");
+        EXPECT_THAT(
+            takeThrown(), testing::EndsWith("null record in the list of physical disks at index " + index));
+    }
 }
 
 TEST_F(HardwareStatusUtilsTest, GivesMemoryBitForBit) {
@@ -108,7 +110,7 @@ TEST_F(HardwareStatusUtilsTest, GivesMemoryBitForBit) {
          {std::tuple{900U, 300U, true, "900 300"},
           {0x80000000U, 0xFFFFFFFEU, true, "-2147483648 -2"},
           {900U, 300U, false, "-1 -1"}}) {
-        EXPECT_CALL(mockOf<&statusUtils::getMemoryUse>(), Call)
+        EXPECT_CALL(mockOf<&statusUtils::getMemoryUse>(), Call(testing::Eq(0U), testing::Eq(0U)))
             .Times(2)
             .WillRepeatedly(DoAll(SetArgReferee<0>(total), SetArgReferee<1>(free), Return(wasRead)));
         EXPECT_EQ(ask("_getTotalMemory") + " " + ask("_getFreeMemory"), seen);
