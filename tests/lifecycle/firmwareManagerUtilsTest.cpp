@@ -169,7 +169,7 @@ TEST_F(FirmwareTest, DropsReportsThatCannotBeMade) {
             vm = realVm;
             registered = reference;
         }
-        run([&] {
+        run([&, where = where] {
             for (const int code : {-1, 5, INT_MIN, INT_MAX}) report(1, FwUpgradeCode{code});
             EXPECT_EQ(takeException(javaEnv()), "") << where;
         });
