@@ -10,7 +10,8 @@
 // order and the order of the virtual functions are part of the binary interface.
 //
 // A tree is used by one thread at a time. It is copied and destroyed by recursion: 1,000 levels, the most
-// that the bridge converts, fit the smallest stack of Java code, 192 KiB.
+// that the bridge converts, fit the smallest stack of Java code, 192 KiB, but for the interpreter Zero, which
+// takes half of it.
 
 namespace talvern::config {
 

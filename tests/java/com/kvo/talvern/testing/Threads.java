@@ -106,9 +106,16 @@ public final class Threads {
             }
             reports.incrementAndGet();
         };
-        String faults = atOnce(3, number -> new FirmwareManagerUtils()
-                .upgradeFirmware("talvern-2.0.img", false, true, number == 2 ? null : callback));
-        check(reports.get() > 0, "no report");
+        AtomicInteger silentResult = new AtomicInteger(-1);
+        String faults = atOnce(3, number -> {
+            int result = new FirmwareManagerUtils()
+                    .upgradeFirmware("talvern-2.0.img", false, true, number == 2 ? null : callback);
+            if (number == 2) {
+                silentResult.set(result);
+            }
+        });
+        // The appliance makes one of them and refuses the others; that without a callback may be the one, and the first.
+        check(reports.get() > 0 || silentResult.get() == 0, "no report");
         return faults + String.join("\n", wrongReports);
     }
 
