@@ -13,6 +13,7 @@ import com.kvo.talvern.config.StructValue;
 import com.kvo.talvern.config.ValidationException;
 import com.kvo.talvern.firmwaremanager.FirmwareManagerUtils;
 import java.util.concurrent.CountDownLatch;
+import java.util.concurrent.TimeUnit;
 import java.util.function.Supplier;
 
 /** Reads and changes an appliance, and upgrades its firmware. */
@@ -78,7 +79,7 @@ public final class FirstSteps {
         FirmwareManagerUtils firmware = new FirmwareManagerUtils();
         CountDownLatch end = new CountDownLatch(1);
         int status = firmware.upgradeFirmware("talvern-2.1.img", false, true, (done, total, code) -> {
-            if (4 * done % total == 0) { // each quarter
+            if (total > 0 && 4 * done % total == 0) { // each quarter
                 System.out.println("upgrade: " + 100 * done / total + " % " + code);
             }
             if (code.isLast()) {
@@ -89,6 +90,6 @@ public final class FirstSteps {
             System.out.println("upgrade: refused with status " + status);
             return;
         }
-        end.await(); // the reports come on a thread of the appliance
+        end.await(10, TimeUnit.MINUTES); // the reports may come on a thread of the appliance, or not at all
     }
 }

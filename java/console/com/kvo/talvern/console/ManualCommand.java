@@ -25,7 +25,7 @@ final class ManualCommand extends ConsoleCommand {
         section("SYNOPSIS", all.name() + " COMMAND [ARGUMENT...]");
         section("DESCRIPTION", String.join("\n", all.usageMessage().description()));
         page.append(".SH OPTIONS\n");
-        entry("--json", "Print the result as JSON. Every command that shows something takes it, and --help.");
+        entry("--json", "Print the result as JSON. Every command that shows something takes it.");
         all.options().forEach(this::argument);
         page.append(".SH COMMANDS\n");
         commands(console);

@@ -24,6 +24,7 @@ final class PlatformSide {
     private final Set<String> operations;
     private final List<Finding> findings;
     private final Map<String, LibrarySearch> loaded = new LinkedHashMap<>();
+    private boolean isAllLoaded = true;
 
     PlatformSide(ElfLibrary bridge, List<Finding> findings) throws IOException {
         this.bridge = new LibrarySearch(bridge);
@@ -94,6 +95,7 @@ final class PlatformSide {
                 } else if (!loaded.containsKey(name) && missing.add(name)) {
                     findings.add(new Finding(party(user), "library", name, null, "missing, needed by "
                             + user.library().file()));
+                    isAllLoaded = false;
                 }
             }
         }
@@ -137,7 +139,7 @@ final class PlatformSide {
     private void compareOperations() {
         Set<String> missing = new HashSet<>(operations);
         loaded.values().forEach(library -> missing.removeAll(library.library().exports()));
-        if (missing.isEmpty()) {
+        if (missing.isEmpty() || !isAllLoaded) { // the library that is not there may have them
             return;
         }
         Map<String, Set<String>> offered = loaded.values().stream()
