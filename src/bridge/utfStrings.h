@@ -71,7 +71,8 @@ class TextLimit {
     /// @throws std::length_error  it is more than 256 MiB in all
     void count(std::string_view text) {
         bytes_ += text.size();
-        if (bytes_ > 256 * 1024 * 1024) throw std::length_error{"argument with more than 256 MiB of text"};
+        if (bytes_ > std::size_t{256} << 20)
+            throw std::length_error{"argument with more than 256 MiB of text"};
     }
 
   private:
