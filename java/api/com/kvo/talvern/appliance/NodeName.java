@@ -33,7 +33,7 @@ public class NodeName {
     /**
      * Changes the name.
      *
-     * @param name the new host name, not null
+     * @param name the new host name, not null; the simulated appliance accepts letters, digits, dots and hyphens
      * @return whether the appliance accepted it
      */
     public boolean setNodeName(String name) {
