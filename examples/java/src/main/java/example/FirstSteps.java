@@ -90,6 +90,8 @@ public final class FirstSteps {
             System.out.println("upgrade: refused with status " + status);
             return;
         }
-        end.await(10, TimeUnit.MINUTES); // the reports may come on a thread of the appliance, or not at all
+        if (!end.await(10, TimeUnit.MINUTES)) { // the reports may come on a thread of the appliance
+            System.out.println("upgrade: no end was reported");
+        }
     }
 }

@@ -10,6 +10,7 @@ import java.nio.charset.StandardCharsets;
 import java.util.LinkedHashMap;
 import java.util.List;
 import java.util.Map;
+import java.util.Objects;
 import java.util.concurrent.Callable;
 import java.util.function.Supplier;
 import java.util.stream.Collectors;
@@ -125,8 +126,8 @@ public final class Console implements Callable<Integer> {
                     })
                     .execute(arguments);
         } catch (LinkageError e) {
-            String message = e.getMessage();
-            if (message.matches("\\S+")) { // no more than the name of a class
+            String message = Objects.requireNonNullElse(e.getMessage(), e.toString());
+            if (e instanceof NoClassDefFoundError && message.matches("\\S+")) { // no more than the name of a class
                 message = "There is no class " + message.replace('/', '.')
                         + ": a jar beside the console is damaged or of another release. Install it again.";
             }

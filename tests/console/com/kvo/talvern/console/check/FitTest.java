@@ -171,6 +171,12 @@ public class FitTest {
 
     @Test(timeout = 300_000) // some damages are circles
     public void namesDamagedFiles() throws IOException {
+        byte[] platform = Files.readAllBytes(PLATFORM.toPath());
+        for (File damaged : List.of(file(Arrays.copyOf(platform, 9999)), file(withByte(platform, 0, 0)))) {
+            assertEquals("platform file " + damaged, names(compare(List.of(JAR), BRIDGE, damaged)));
+            assertEquals("bridge file " + damaged, names(compare(List.of(JAR), damaged, PLATFORM)));
+            assertEquals("jar file " + damaged, names(compareJars(damaged)));
+        }
         ByteBuffer circle = ByteBuffer.wrap(Files.readAllBytes(BRIDGE.toPath())).order(ByteOrder.LITTLE_ENDIAN);
         int header = (int) circle.getLong(40);
         while (circle.getInt(header + 4) != NEEDED_VERSIONS) {
