@@ -64,15 +64,14 @@ struct Codes {
               codeClass, "valueOf", "(Ljava/lang/String;)Lcom/kvo/talvern/config/ReturnCode;")} {}
 
     jobject convert(Service::ReturnCode code) {
-        const jvalue name =
-            asValue(env->NewStringUTF(config::RETURNCODE_STR[static_cast<std::int32_t>(code)]));
+        const jvalue name = asValue(env->NewStringUTF(config::RETURNCODE_STR[static_cast<std::int32_t>(code)]));
         return env->CallStaticObjectMethodA(codeClass, valueOf, &name);
     }
 
     void store(jobject receiver, Service::ReturnCode code) {
         const jvalue javaCode = asValue(convert(code));
-        jmethodID setReturnCode = env->GetMethodID(
-            env->GetObjectClass(receiver), "setReturnCode", "(Lcom/kvo/talvern/config/ReturnCode;)V");
+        jmethodID setReturnCode =
+            env->GetMethodID(env->GetObjectClass(receiver), "setReturnCode", "(Lcom/kvo/talvern/config/ReturnCode;)V");
         env->CallVoidMethodA(receiver, setReturnCode, &javaCode);
     }
 
@@ -91,8 +90,7 @@ struct ToJava {
           createStruct{env->GetMethodID(structClass, "<init>", "(Z)V")},
           createArray{env->GetMethodID(arrayClass, "<init>", "(Z)V")},
           put{env->GetMethodID(
-              structClass, "put",
-              "(Ljava/lang/String;Lcom/kvo/talvern/config/Value;)Lcom/kvo/talvern/config/Value;")},
+              structClass, "put", "(Ljava/lang/String;Lcom/kvo/talvern/config/Value;)Lcom/kvo/talvern/config/Value;")},
           add{env->GetMethodID(arrayClass, "add", "(Lcom/kvo/talvern/config/Value;)Z")} {}
 
     jobject convert(const Value* value) {
@@ -133,8 +131,7 @@ struct ToNative {
           getValue{env->GetMethodID(simpleClass, "getValue", "()Ljava/lang/String;")},
           entrySet{env->GetMethodID(structClass, "entrySet", "()Ljava/util/Set;")},
           arrayIterator{env->GetMethodID(arrayClass, "iterator", "()Ljava/util/Iterator;")},
-          setIterator{
-              env->GetMethodID(env->FindClass("java/util/Set"), "iterator", "()Ljava/util/Iterator;")} {
+          setIterator{env->GetMethodID(env->FindClass("java/util/Set"), "iterator", "()Ljava/util/Iterator;")} {
         jclass iterator = env->FindClass("java/util/Iterator");
         hasNext = env->GetMethodID(iterator, "hasNext", "()Z");
         next = env->GetMethodID(iterator, "next", "()Ljava/lang/Object;");
@@ -143,9 +140,7 @@ struct ToNative {
         getEntryValue = env->GetMethodID(entry, "getValue", "()Ljava/lang/Object;");
     }
 
-    jobject call(jobject receiver, jmethodID method) {
-        return env->CallObjectMethodA(receiver, method, nullptr);
-    }
+    jobject call(jobject receiver, jmethodID method) { return env->CallObjectMethodA(receiver, method, nullptr); }
 
     Value* convert(jobject value) {
         const bool mu = env->CallBooleanMethodA(value, getMU, nullptr) == JNI_TRUE;
@@ -172,8 +167,7 @@ struct ToNative {
 
     JNIEnv* env;
     jclass simpleClass, structClass, arrayClass;
-    jmethodID getMU, getValue, entrySet, arrayIterator, setIterator, hasNext, next, getEntryKey,
-        getEntryValue;
+    jmethodID getMU, getValue, entrySet, arrayIterator, setIterator, hasNext, next, getEntryKey, getEntryValue;
 };
 
 }  // namespace
@@ -206,8 +200,7 @@ JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_bench_Floor_getNameServers(J
     return array;
 }
 
-JNIEXPORT jboolean JNICALL
-Java_com_kvo_talvern_bench_Floor_setTimeServers(JNIEnv* env, jobject, jobjectArray servers) {
+JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_bench_Floor_setTimeServers(JNIEnv* env, jobject, jobjectArray servers) {
     const jsize length = env->GetArrayLength(servers);
     std::vector<std::string> list;
     list.reserve(static_cast<std::size_t>(length));
@@ -220,8 +213,7 @@ Java_com_kvo_talvern_bench_Floor_setTimeServers(JNIEnv* env, jobject, jobjectArr
     return timeServers::setTimeServers(list, nullptr) == 0 ? JNI_TRUE : JNI_FALSE;
 }
 
-JNIEXPORT jobject JNICALL
-Java_com_kvo_talvern_bench_Floor_getEthernetInterface(JNIEnv* env, jobject, jstring name) {
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_bench_Floor_getEthernetInterface(JNIEnv* env, jobject, jstring name) {
     jclass mapClass = env->FindClass("java/util/HashMap");
     jmethodID create = env->GetMethodID(mapClass, "<init>", "()V");
     jmethodID put = env->GetMethodID(mapClass, "put", objectPut);
@@ -245,8 +237,7 @@ JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_bench_Floor_getFanStatus(JNI
     for (std::size_t i = 0; i < fans.size(); ++i) {
         const jvalue arguments[] = {
             asValue(toJava(env, fans[i].name)), asValue(toJava(env, fans[i].reading)), asValue(fans[i].isOk)};
-        env->SetObjectArrayElement(
-            array, static_cast<jsize>(i), env->NewObjectA(sensorClass, create, arguments));
+        env->SetObjectArrayElement(array, static_cast<jsize>(i), env->NewObjectA(sensorClass, create, arguments));
     }
     return array;
 }
@@ -254,8 +245,8 @@ JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_bench_Floor_getFanStatus(JNI
 JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_bench_Floor_getRaidVolumes(JNIEnv* env, jobject) {
     jclass volumeClass = env->FindClass("com/kvo/talvern/appliance/RaidVolume");
     jclass partitionClass = env->FindClass("com/kvo/talvern/appliance/RaidPartition");
-    jmethodID createVolume = env->GetMethodID(
-        volumeClass, "<init>", "(Ljava/lang/String;I[Lcom/kvo/talvern/appliance/RaidPartition;ZI)V");
+    jmethodID createVolume =
+        env->GetMethodID(volumeClass, "<init>", "(Ljava/lang/String;I[Lcom/kvo/talvern/appliance/RaidPartition;ZI)V");
     jmethodID createEmptyVolume = env->GetMethodID(volumeClass, "<init>", "()V");
     jmethodID createPartition =
         env->GetMethodID(partitionClass, "<init>", "(Ljava/lang/String;IILjava/lang/String;Z)V");
@@ -263,8 +254,7 @@ JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_bench_Floor_getRaidVolumes(J
     std::vector<statusUtils::VolumeStatus> volumes;
     statusUtils::getVolumeStatus(volumes);
     jobjectArray array = env->NewObjectArray(
-        static_cast<jsize>(volumes.size()), volumeClass,
-        env->NewObjectA(volumeClass, createEmptyVolume, nullptr));
+        static_cast<jsize>(volumes.size()), volumeClass, env->NewObjectA(volumeClass, createEmptyVolume, nullptr));
     for (std::size_t i = 0; i < volumes.size(); ++i) {
         const statusUtils::VolumeStatus& volume = volumes[i];
         const jvalue name = asValue(toJava(env, volume.name));
@@ -278,14 +268,12 @@ JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_bench_Floor_getRaidVolumes(J
                 asValue(jint{partition.used}), asValue(toJava(env, partition.fileSystem)),
                 asValue(partition.isMounted)};
             env->SetObjectArrayElement(
-                partitions, static_cast<jsize>(j),
-                env->NewObjectA(partitionClass, createPartition, arguments));
+                partitions, static_cast<jsize>(j), env->NewObjectA(partitionClass, createPartition, arguments));
         }
         const jvalue arguments[] = {
             name, asValue(jint{volume.raidLevel}), asValue(partitions), asValue(volume.isOk),
             asValue(jint{volume.synchronised})};
-        env->SetObjectArrayElement(
-            array, static_cast<jsize>(i), env->NewObjectA(volumeClass, createVolume, arguments));
+        env->SetObjectArrayElement(array, static_cast<jsize>(i), env->NewObjectA(volumeClass, createVolume, arguments));
     }
     return array;
 }
@@ -295,8 +283,7 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_bench_Floor_getIntrusionStatus(JN
     jmethodID values = env->GetStaticMethodID(
         javaClass, "values", "()[Lcom/kvo/talvern/appliance/HardwareStatusUtils$IntrusionStatus;");
     jobject constants = env->CallStaticObjectMethodA(javaClass, values, nullptr);
-    return env->GetObjectArrayElement(
-        static_cast<jobjectArray>(constants), statusUtils::getIntrusionStatus() + 1);
+    return env->GetObjectArrayElement(static_cast<jobjectArray>(constants), statusUtils::getIntrusionStatus() + 1);
 }
 
 JNIEXPORT jobject JNICALL Java_com_kvo_talvern_bench_Floor_getAdminState(
@@ -306,15 +293,14 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_bench_Floor_getAdminState(
     Service::AdminState state{};
     Codes{env}.store(receiver, Service::getAdminState(nativeType, nativeParent, toNative(env, name), state));
     jclass stateClass = env->FindClass("com/kvo/talvern/config/AdminState");
-    jmethodID valueOf = env->GetStaticMethodID(
-        stateClass, "valueOf", "(Ljava/lang/String;)Lcom/kvo/talvern/config/AdminState;");
-    const jvalue stateName =
-        asValue(env->NewStringUTF(config::ADMINSTATE_STR[static_cast<std::int32_t>(state)]));
+    jmethodID valueOf =
+        env->GetStaticMethodID(stateClass, "valueOf", "(Ljava/lang/String;)Lcom/kvo/talvern/config/AdminState;");
+    const jvalue stateName = asValue(env->NewStringUTF(config::ADMINSTATE_STR[static_cast<std::int32_t>(state)]));
     return env->CallStaticObjectMethodA(stateClass, valueOf, &stateName);
 }
 
-JNIEXPORT jobject JNICALL Java_com_kvo_talvern_bench_Floor_validateObject(
-    JNIEnv* env, jobject, jobject receiver, jstring type, jobject value) {
+JNIEXPORT jobject JNICALL
+Java_com_kvo_talvern_bench_Floor_validateObject(JNIEnv* env, jobject, jobject receiver, jstring type, jobject value) {
     const std::string nativeType = toNative(env, type);
     const std::unique_ptr<const Value> tree{ToNative{env}.convert(value)};
     const Service::ReturnCode code = Service::validateObject(nativeType, tree.get());

@@ -51,8 +51,8 @@ int Cases::callInt(const char* name, int index) const {
 }
 
 std::string Cases::callText(const char* name, int index) const {
-    auto* text = static_cast<jstring>(
-        env_->CallStaticObjectMethod(class_, method(name, "(I)Ljava/lang/String;"), index));
+    auto* text =
+        static_cast<jstring>(env_->CallStaticObjectMethod(class_, method(name, "(I)Ljava/lang/String;"), index));
     stopAfterException();
     if (text == nullptr) return {};
     const char* chars = env_->GetStringUTFChars(text, nullptr);

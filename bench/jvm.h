@@ -28,9 +28,7 @@ class Cases {
     void makeReady(int index, int calls) const;
 
     /// Nanoseconds that `calls` calls take.
-    [[nodiscard]] double time(int index, Way way, int calls) const {
-        return callTime("time", index, way, calls);
-    }
+    [[nodiscard]] double time(int index, Way way, int calls) const { return callTime("time", index, way, calls); }
 
     /// The same while a second thread makes as many.
     [[nodiscard]] double timeOfTwoThreads(int index, Way way, int calls) const {

@@ -179,8 +179,8 @@ class Tables : public benchmark::BenchmarkReporter {
     void printCase(const Run& run) {
         if (ratios_.empty()) {
             std::printf(
-                "%-22s %9s %14s %14s %7s %9s %16s\n", "shape", "size", "floor ns", "bridge ns", "ratio",
-                "JNA ns", "new: fl. / br.");
+                "%-22s %9s %14s %14s %7s %9s %16s\n", "shape", "size", "floor ns", "bridge ns", "ratio", "JNA ns",
+                "new: fl. / br.");
         }
         const double size = counter(run, "size");
         std::printf(
@@ -194,21 +194,19 @@ class Tables : public benchmark::BenchmarkReporter {
         std::printf(" %7.0f %8.0f\n", counter(run, "floor_blocks"), counter(run, "bridge_blocks"));
         ratios_.push_back(counter(run, "ratio"));
         costs_[nameOf(run)][static_cast<int>(size)] = {
-            counter(run, "bridge_ns") / size, counter(run, "floor_ns") / size,
-            counter(run, "bridge_bytes") / size};
+            counter(run, "bridge_ns") / size, counter(run, "floor_ns") / size, counter(run, "bridge_bytes") / size};
     }
 
     void printThreads(const Run& run) {
         if (!hasThreads_) {
-            std::printf(
-                "\n%-36s %8s %8s %8s %8s\n", "gain by a second thread", "spin", "floor", "bridge", "of spin");
+            std::printf("\n%-36s %8s %8s %8s %8s\n", "gain by a second thread", "spin", "floor", "bridge", "of spin");
         }
         hasThreads_ = true;
         const double spin = counter(run, "spin_gain");
         const double bridgeGain = counter(run, "bridge_gain");
         std::printf(
-            "%-36s %8.2f %8.2f %8.2f %8.2f\n", nameOf(run).c_str(), spin, counter(run, "floor_gain"),
-            bridgeGain, bridgeGain / spin);
+            "%-36s %8.2f %8.2f %8.2f %8.2f\n", nameOf(run).c_str(), spin, counter(run, "floor_gain"), bridgeGain,
+            bridgeGain / spin);
     }
 
     bool hasThreads_ = false;

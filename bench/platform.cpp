@@ -41,8 +41,7 @@ std::unique_ptr<Value> makeStruct(std::size_t size) {
     auto structure = std::make_unique<StructValue>(true);
     for (std::size_t i = 1; i < size; ++i) {
         structure->put(
-            "member-" + std::to_string(i),
-            std::make_unique<SimpleValue>("value " + std::to_string(i), i % 2 == 0));
+            "member-" + std::to_string(i), std::make_unique<SimpleValue>("value " + std::to_string(i), i % 2 == 0));
     }
     return structure;
 }
@@ -150,8 +149,7 @@ Service::ReturnCode Service::validateObject(const std::string& type, const Value
     return ReturnCode::OK;
 }
 
-Service::ReturnCode
-Service::queryObject(const std::string&, const std::string&, const std::string&, Value** value) {
+Service::ReturnCode Service::queryObject(const std::string&, const std::string&, const std::string&, Value** value) {
     *value = data.tree.get();
     return ReturnCode::OK;
 }

@@ -50,18 +50,15 @@ class Service {
 
     /// Changes an object's value. With `merge`, members that `value` does not name stay.
     static ReturnCode updateObject(
-        const std::string& type, const std::string& parent, const std::string& name, const Value* value,
-        bool merge);
+        const std::string& type, const std::string& parent, const std::string& name, const Value* value, bool merge);
 
-    static ReturnCode
-    deleteObject(const std::string& type, const std::string& parent, const std::string& name);
+    static ReturnCode deleteObject(const std::string& type, const std::string& parent, const std::string& name);
 
     /// Gives an object its initial value and states back.
-    static ReturnCode
-    resetObject(const std::string& type, const std::string& parent, const std::string& name);
+    static ReturnCode resetObject(const std::string& type, const std::string& parent, const std::string& name);
 
-    static ReturnCode setAdminState(
-        const std::string& type, const std::string& parent, const std::string& name, AdminState state);
+    static ReturnCode
+    setAdminState(const std::string& type, const std::string& parent, const std::string& name, AdminState state);
 
     /// Checks a value for an object of the type, without changing anything. A ValidationException that it
     /// throws reaches Java as such.
@@ -81,8 +78,8 @@ class Service {
     static std::vector<std::string> getObjectTypes();
 
     /// Sets `state`, which is read only if the result is OK.
-    static ReturnCode getAdminState(
-        const std::string& type, const std::string& parent, const std::string& name, AdminState& state);
+    static ReturnCode
+    getAdminState(const std::string& type, const std::string& parent, const std::string& name, AdminState& state);
 
     /// Sets `state`, which is read only if the result is OK.
     static ReturnCode

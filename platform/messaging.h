@@ -26,8 +26,7 @@ class ValidationException : public std::exception {
 /// A change is not acceptable in the present configuration. Java receives all three fields.
 class ConfigChangeException : public std::exception {
   public:
-    ConfigChangeException(
-        std::int32_t exceptionCode, std::string exceptionText, std::vector<std::string> textList)
+    ConfigChangeException(std::int32_t exceptionCode, std::string exceptionText, std::vector<std::string> textList)
         : code{exceptionCode}, text{std::move(exceptionText)}, texts{std::move(textList)} {}
 
     [[nodiscard]] const char* what() const noexcept override;

@@ -16,8 +16,7 @@ std::vector<std::string> getNameServers(std::vector<std::string>* companions);
 /// Replaces the name servers and the companion list; a null `companions` stands for none. The bridge passes
 /// on what `getNameServers` filled in before. Returns a status: 0 for success, any other value if the change
 /// is refused as a whole.
-std::int32_t
-setNameServers(const std::vector<std::string>& servers, const std::vector<std::string>* companions);
+std::int32_t setNameServers(const std::vector<std::string>& servers, const std::vector<std::string>* companions);
 
 /// The domains in which a name without dots is looked up.
 std::vector<std::string> getSearchDomains();

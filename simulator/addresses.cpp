@@ -6,8 +6,7 @@
 
 bool isHostName(const std::string& name) {
     const auto isAllowed = [](char c) {
-        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-' ||
-               c == '.';
+        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-' || c == '.';
     };
     return !name.empty() && name.size() <= 253 && name.front() != '-' && name.back() != '-' &&
            std::all_of(name.begin(), name.end(), isAllowed);
@@ -15,8 +14,7 @@ bool isHostName(const std::string& name) {
 
 bool isIpAddress(const std::string& address) {
     in6_addr parsed{};  // large enough for both
-    return inet_pton(AF_INET, address.c_str(), &parsed) == 1 ||
-           inet_pton(AF_INET6, address.c_str(), &parsed) == 1;
+    return inet_pton(AF_INET, address.c_str(), &parsed) == 1 || inet_pton(AF_INET6, address.c_str(), &parsed) == 1;
 }
 
 bool isHardwareAddress(const std::string& address) {

@@ -89,8 +89,7 @@ const bool isKept = !givenName.empty();
 FileLock::FileLock(Subject subject) {
     using std::chrono::milliseconds;
     const auto end = std::chrono::steady_clock::now() + std::chrono::seconds{30};
-    for (std::chrono::microseconds pause{20}; !take(subject);
-         pause = std::min(pause * 2, {milliseconds{2}})) {
+    for (std::chrono::microseconds pause{20}; !take(subject); pause = std::min(pause * 2, {milliseconds{2}})) {
         if (std::chrono::steady_clock::now() > end) {
             throw std::runtime_error{
                 json::toModifiedUtf8(path()) + ".lock: has been locked by another process for 30 seconds"};
@@ -147,8 +146,7 @@ ApplianceFile& applianceFile() {
 
 std::runtime_error ApplianceFile::problem(std::string_view cause, int line) const {
     return std::runtime_error{
-        json::toModifiedUtf8(path()) + (line > 0 ? ':' + std::to_string(line) : "") + ": " +
-        std::string{cause}};
+        json::toModifiedUtf8(path()) + (line > 0 ? ':' + std::to_string(line) : "") + ": " + std::string{cause}};
 }
 
 /// What is written into the file in place within the resolution of its times may leave them as they are, so

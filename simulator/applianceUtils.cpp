@@ -73,8 +73,7 @@ struct Inventory {
     std::int32_t processors = 4;
     std::vector<ComponentFirmware> components{
         {1, "BIOS 1.07"}, {2, "BMC 4.20"}, {3, "RAID controller 23.34.0"}, {4, "disk SN05"}};
-    std::vector<resetFileError> resetErrors{
-        {"/var/log/audit.log", EBUSY}, {"/etc/ssh/ssh_host_rsa_key", EACCES}};
+    std::vector<resetFileError> resetErrors{{"/var/log/audit.log", EBUSY}, {"/etc/ssh/ssh_host_rsa_key", EACCES}};
 };
 
 template <typename Members>
@@ -136,8 +135,7 @@ bool setDefaultLocale(const char* locale) {
 
 /// Date, time of day and time zone; always in UTC.
 std::vector<std::string> getDateTime() {
-    const std::time_t now =
-        std::time(nullptr) + settings.read([](const Settings& state) { return state.clockOffset; });
+    const std::time_t now = std::time(nullptr) + settings.read([](const Settings& state) { return state.clockOffset; });
     std::tm utc{};
     gmtime_r(&now, &utc);
     char date[32];
@@ -211,8 +209,7 @@ void triggerException(const char* text) {
     if (all.starts_with("int:")) throw 42;
     if (all.starts_with("text:")) throw text;  // NOLINT(misc-throw-by-value-catch-by-reference): on purpose
     if (all.starts_with("validation:")) throw config::messaging::ValidationException{"text", text};
-    if (all.starts_with("change:"))
-        throw config::messaging::ConfigChangeException{1, text, {"first", "second"}};
+    if (all.starts_with("change:")) throw config::messaging::ConfigChangeException{1, text, {"first", "second"}};
     throw std::runtime_error{text};
 }
 

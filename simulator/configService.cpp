@@ -13,9 +13,8 @@ namespace talvern::config {
 
 const char* const OPSTATE_STR[] = {"UNKNOWN", "UP", "DOWN", "PENDING", "FAILED"};
 const char* const ADMINSTATE_STR[] = {"UNKNOWN", "ENABLED", "DISABLED"};
-const char* const RETURNCODE_STR[] = {
-    "OK",   "FAILED",       "NOT_FOUND",    "ALREADY_EXISTS", "NOT_PERMITTED",
-    "BUSY", "INVALID_NAME", "INVALID_TYPE", "IN_USE",         "NULL_VALUE"};
+const char* const RETURNCODE_STR[] = {"OK",   "FAILED",       "NOT_FOUND",    "ALREADY_EXISTS", "NOT_PERMITTED",
+                                      "BUSY", "INVALID_NAME", "INVALID_TYPE", "IN_USE",         "NULL_VALUE"};
 
 static std::span<const char* const> namesOf(Service::AdminState) { return ADMINSTATE_STR; }
 static std::span<const char* const> namesOf(Service::OpState) { return OPSTATE_STR; }
@@ -132,17 +131,14 @@ bool hasParent(const Objects& objects, const ConfigType& type, const std::string
 }
 
 void checkState(AdminState state) {
-    require(
-        state == AdminState::ENABLED || state == AdminState::DISABLED, "adminState",
-        "must be ENABLED or DISABLED");
+    require(state == AdminState::ENABLED || state == AdminState::DISABLED, "adminState", "must be ENABLED or DISABLED");
 }
 
 bool refersTo(const Key& user, const Object& object, const Key& used) {
     const ConfigType* type = configType(user.type);
     if (type->parentType == used.type && user.parent == used.name) return true;
     const auto* structure = dynamic_cast<const StructValue*>(object.value.get());
-    return structure != nullptr &&
-           std::any_of(type->fields.begin(), type->fields.end(), [&](const ConfigField& field) {
+    return structure != nullptr && std::any_of(type->fields.begin(), type->fields.end(), [&](const ConfigField& field) {
                const auto member = structure->members.find(field.name);
                return field.refersTo == used.type && member != structure->members.end() &&
                       static_cast<const SimpleValue*>(member->second)->value == used.name;
@@ -184,16 +180,14 @@ void describe(Members& members, Key& key, Object& object) {
     members("name", key.name);
     members("value", object.value);
     if (Members::isReading || object.initialValue != nullptr) members("initialValue", object.initialValue);
-    if (Members::isReading || object.adminState != AdminState::ENABLED)
-        members("adminState", object.adminState);
+    if (Members::isReading || object.adminState != AdminState::ENABLED) members("adminState", object.adminState);
     const AdminState usualInitialState = object.adminState;
     const OpState usualOpState = opStateIn(object.adminState);
     if constexpr (Members::isReading) {
         object.initialState = usualInitialState;
         object.opState = usualOpState;
     }
-    if (Members::isReading || object.initialState != usualInitialState)
-        members("initialState", object.initialState);
+    if (Members::isReading || object.initialState != usualInitialState) members("initialState", object.initialState);
     if (Members::isReading || object.opState != usualOpState) members("opState", object.opState);
     if (Members::isReading || object.isBuiltIn) members("isBuiltIn", object.isBuiltIn);
 }
@@ -289,8 +283,7 @@ Code createObject(
 }
 
 Code updateObject(
-    const std::string& type, const std::string& parent, const std::string& name, const Value* value,
-    bool merge) {
+    const std::string& type, const std::string& parent, const std::string& name, const Value* value, bool merge) {
     if (value == nullptr) return Code::NULL_VALUE;
     return changeObject({type, parent, name}, [&](Object& object, const Objects& objects) {
         std::unique_ptr<Value> changed = merge ? merged(*object.value, *value) : copyOf(value);
@@ -368,8 +361,7 @@ Code getAdminState(
     });
 }
 
-Code setAdminState(
-    const std::string& type, const std::string& parent, const std::string& name, AdminState adminState) {
+Code setAdminState(const std::string& type, const std::string& parent, const std::string& name, AdminState adminState) {
     const Key key{type, parent, name};
     return changeObject(key, [&](Object& object, const Objects& objects) {
         checkState(adminState);
@@ -379,16 +371,14 @@ Code setAdminState(
     });
 }
 
-Code getOpState(
-    const std::string& type, const std::string& parent, const std::string& name, OpState& opState) {
+Code getOpState(const std::string& type, const std::string& parent, const std::string& name, OpState& opState) {
     return readObject({type, parent, name}, [&](const Object& object, const Objects&) {
         opState = object.opState;
         return Code::OK;
     });
 }
 
-Code setOpState(
-    const std::string& type, const std::string& parent, const std::string& name, OpState opState) {
+Code setOpState(const std::string& type, const std::string& parent, const std::string& name, OpState opState) {
     if (opState < OpState::UNKNOWN || opState > OpState::FAILED) return Code::FAILED;
     return changeObject({type, parent, name}, [&](Object& object, const Objects&) {
         object.opState = opState;

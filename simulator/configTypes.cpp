@@ -25,8 +25,8 @@ ConfigField number(std::string name, int least, int greatest, std::string exampl
         return error == std::errc{} && rest == end && value >= least && value <= greatest;
     };
     return text(
-        std::move(name), accepts,
-        "a number from " + std::to_string(least) + " to " + std::to_string(greatest), std::move(example));
+        std::move(name), accepts, "a number from " + std::to_string(least) + " to " + std::to_string(greatest),
+        std::move(example));
 }
 
 ConfigField choice(std::string name, const std::vector<std::string>& choices) {
@@ -87,8 +87,8 @@ const std::vector<ConfigType>& configTypes() {
         {"LogTarget",
          "",
          false,
-         {required(anyText("host", "log.example")), number("port", 1, 65535, "514"),
-          choice("protocol", {"udp", "tcp"}), reference("interface", "EthernetInterface", "eth0")}},
+         {required(anyText("host", "log.example")), number("port", 1, 65535, "514"), choice("protocol", {"udp", "tcp"}),
+          reference("interface", "EthernetInterface", "eth0")}},
         {"ApplicationData", "", true, {}},
     };
     return types;

@@ -55,8 +55,7 @@ struct State {
            {"members", "eth1,eth2"}}}},
         {"vlan100",
          {"vlan", "", false, {{"enabled", "true"}, {"mode", "dhcp"}, {"parent", "agg0"}, {"vlanId", "100"}}}},
-        {"lo",
-         {"loopback", "", true, {{"enabled", "true"}, {"ipAddress", "127.0.0.1"}, {"netmask", "255.0.0.0"}}}},
+        {"lo", {"loopback", "", true, {{"enabled", "true"}, {"ipAddress", "127.0.0.1"}, {"netmask", "255.0.0.0"}}}},
     };
 };
 std::string valueOf(const Attributes& attributes, const std::string& key) {
@@ -105,8 +104,7 @@ bool isNumber(const std::string& text, int least, int most) {
 
 bool isOneOf(const State& state, const std::string& name, std::initializer_list<const char*> types) {
     const auto found = state.interfaces.find(name);
-    return found != state.interfaces.end() &&
-           std::find(types.begin(), types.end(), found->second.type) != types.end();
+    return found != state.interfaces.end() && std::find(types.begin(), types.end(), found->second.type) != types.end();
 }
 
 /// Whether the configuration may hold this attribute. Attributes that the appliance does not know are kept.
@@ -149,8 +147,7 @@ void fromJson(const json::Node& node, State& state) {
         for (const auto& [key, value] : state.interfaces.at(interface.key).configuration) {
             if (isAcceptable(state, key, value)) continue;
             throw json::Problem{
-                interface.line,
-                std::string{"configuration: "}.append(key).append(" must not be ").append(value)};
+                interface.line, std::string{"configuration: "}.append(key).append(" must not be ").append(value)};
         }
     });
 }
@@ -168,8 +165,7 @@ bool isUp(const State& state, const std::string& name) {
     if (interface.type == "vlan") return isUp(state, valueOf(interface.configuration, "parent"));
     if (interface.type != "aggregate") return interface.hasLink;
     const std::vector<std::string> members = split(valueOf(interface.configuration, "members"));
-    return std::any_of(
-        members.begin(), members.end(), [&](const std::string& member) { return isUp(state, member); });
+    return std::any_of(members.begin(), members.end(), [&](const std::string& member) { return isUp(state, member); });
 }
 
 /// One attribute set per address, then one per member of an aggregate.
@@ -178,9 +174,7 @@ std::vector<KeyValPair> detailsOf(const State& state, const Interface& interface
     const std::string address = valueOf(interface.configuration, "ipAddress");
     if (!address.empty()) {
         details.push_back(
-            {{{"address", address},
-              {"kind", "primary"},
-              {"netmask", valueOf(interface.configuration, "netmask")}}});
+            {{{"address", address}, {"kind", "primary"}, {"netmask", valueOf(interface.configuration, "netmask")}}});
     }
     for (const std::string& virtualAddress : interface.virtualAddresses) {
         details.push_back({{{"address", virtualAddress}, {"kind", "virtual"}}});
@@ -291,9 +285,7 @@ InterfaceStatus* getInterfaceStatus(std::string name) {
     return statusOf<getInterfaceStatus>(name, {"ethernet", "loopback"});
 }
 
-InterfaceStatus* getAggregateStatus(std::string name) {
-    return statusOf<getAggregateStatus>(name, {"aggregate"});
-}
+InterfaceStatus* getAggregateStatus(std::string name) { return statusOf<getAggregateStatus>(name, {"aggregate"}); }
 
 InterfaceStatus* getVLANStatus(std::string name) { return statusOf<getVLANStatus>(name, {"vlan"}); }
 

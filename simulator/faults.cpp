@@ -45,8 +45,7 @@ void describe(Members& members, Fault& fault) {
         members.require(
             std::find(names.begin(), names.end(), fault.operation) != names.end(),
             "operation: there is no " + fault.operation);
-        members.require(
-            fault.delay <= longestDelay, "delay: must be at most " + std::to_string(longestDelay));
+        members.require(fault.delay <= longestDelay, "delay: must be at most " + std::to_string(longestDelay));
         members.require(fault.times != 0U, "times: must be at least 1");
     }
 }

@@ -39,8 +39,7 @@ void describe(Members& members, Unfinished& upgrade) {
 }
 
 struct State {
-    std::vector<Image> images{
-        {"talvern-2.0.img", true}, {"talvern-2.1.img", true}, {"talvern-2.2-beta.img", false}};
+    std::vector<Image> images{{"talvern-2.0.img", true}, {"talvern-2.1.img", true}, {"talvern-2.2-beta.img", false}};
     Image running = images[0];
     std::optional<Image> previous = std::nullopt;
     std::optional<Unfinished> unfinished = std::nullopt;
@@ -77,8 +76,7 @@ struct Stage {
     int end;
 };
 constexpr std::array stages{
-    Stage{FwUpgradeCode::verifying, 20}, Stage{FwUpgradeCode::unpacking, 50},
-    Stage{FwUpgradeCode::writing, 100}};
+    Stage{FwUpgradeCode::verifying, 20}, Stage{FwUpgradeCode::unpacking, 50}, Stage{FwUpgradeCode::writing, 100}};
 
 class Upgrade {
   public:
@@ -145,9 +143,9 @@ std::vector<std::string> installedFirmware() {
         std::vector<std::string> firmware{"firmware " + state.running.name};
         if (state.unfinished) {
             firmware.push_back(
-                "firmware " + state.unfinished->image + ", incomplete: " +
-                namesOf(state.unfinished->stage)[static_cast<std::size_t>(state.unfinished->stage)] + ", " +
-                std::to_string(state.unfinished->done) + " %");
+                "firmware " + state.unfinished->image +
+                ", incomplete: " + namesOf(state.unfinished->stage)[static_cast<std::size_t>(state.unfinished->stage)] +
+                ", " + std::to_string(state.unfinished->done) + " %");
         }
         return firmware;
     });

@@ -38,14 +38,11 @@ char32_t takeUnit(std::string_view text, std::size_t& position) {
 
 /// Decodes the character that is not ASCII at `position`, and goes on behind it.
 char32_t takeCharacter(std::string_view text, std::size_t& position) {
-    const auto isBetween = [](char32_t unit, char32_t first, char32_t last) {
-        return unit >= first && unit <= last;
-    };
+    const auto isBetween = [](char32_t unit, char32_t first, char32_t last) { return unit >= first && unit <= last; };
     char32_t character = takeUnit(text, position);
     if (isBetween(character, 0xD800, 0xDBFF)) {
         const char32_t low = takeUnit(text, position);
-        character =
-            isBetween(low, 0xDC00, 0xDFFF) ? 0x10000 + ((character - 0xD800) << 10) + (low - 0xDC00) : noUnit;
+        character = isBetween(low, 0xDC00, 0xDFFF) ? 0x10000 + ((character - 0xD800) << 10) + (low - 0xDC00) : noUnit;
     } else if (isBetween(character, 0xDC00, 0xDFFF)) {
         character = noUnit;
     }
@@ -67,8 +64,8 @@ void addCharacter(std::string& text, char32_t character) {
         addThreeBytes(text, character);
     } else {
         text +=
-            {static_cast<char>(0xF0 | (character >> 18)), continuation(character >> 12),
-             continuation(character >> 6), continuation(character)};
+            {static_cast<char>(0xF0 | (character >> 18)), continuation(character >> 12), continuation(character >> 6),
+             continuation(character)};
     }
 }
 
@@ -140,8 +137,8 @@ class Builder : public nlohmann::json_sax<nlohmann::json> {
         if (text.starts_with("parse error")) text.remove_prefix(text.find(": ") + 2);
         // It quotes the file's bytes, whatever they are and however many.
         throw Problem{
-            position_.line, toModifiedUtf8(std::string{text.substr(0, quoteLimit)}) +
-                                (text.size() > quoteLimit ? "..." : "")};
+            position_.line,
+            toModifiedUtf8(std::string{text.substr(0, quoteLimit)}) + (text.size() > quoteLimit ? "..." : "")};
     }
 
     std::deque<Node> nodes;
@@ -173,15 +170,13 @@ class Builder : public nlohmann::json_sax<nlohmann::json> {
         for (const Node* member = object.firstChild; member != nullptr; member = member->next) {
             members_.push_back(member);
         }
-        std::sort(members_.begin(), members_.end(), [](const Node* one, const Node* other) {
-            return one->key < other->key;
-        });
+        std::sort(
+            members_.begin(), members_.end(), [](const Node* one, const Node* other) { return one->key < other->key; });
         const auto second = std::adjacent_find(
             members_.begin(), members_.end(),
             [](const Node* one, const Node* other) { return one->key == other->key; });
         if (second != members_.end()) {
-            throw Problem{
-                std::max((*second)->line, second[1]->line), "there are two members " + (*second)->key};
+            throw Problem{std::max((*second)->line, second[1]->line), "there are two members " + (*second)->key};
         }
     }
 
@@ -213,8 +208,7 @@ std::string toModifiedUtf8(std::string text) {
             modified += character;
         } else {
             char32_t code = first & 0x07;
-            for (const char c : character.substr(1))
-                code = code << 6 | (static_cast<unsigned char>(c) & 0x3F);
+            for (const char c : character.substr(1)) code = code << 6 | (static_cast<unsigned char>(c) & 0x3F);
             addThreeBytes(modified, 0xD800 + ((code - 0x10000) >> 10));
             addThreeBytes(modified, 0xDC00 + ((code - 0x10000) & 0x3FF));
         }
@@ -273,8 +267,7 @@ void Text::addQuoted(std::string_view modifiedUtf8) {
         text_ += modifiedUtf8.substr(begin, i - begin);
         if (i == modifiedUtf8.size()) break;
         const bool isAscii = static_cast<unsigned char>(modifiedUtf8[i]) < 0x80;
-        addCharacter(
-            text_, isAscii ? static_cast<char32_t>(modifiedUtf8[i++]) : takeCharacter(modifiedUtf8, i));
+        addCharacter(text_, isAscii ? static_cast<char32_t>(modifiedUtf8[i++]) : takeCharacter(modifiedUtf8, i));
     }
     text_ += '"';
 }

@@ -54,8 +54,7 @@ class Reader {
         forEachChild(object_, [&](const json::Node& member) {
             if (std::find(known_.begin(), known_.end(), member.key) != known_.end()) return;
             std::string names;
-            for (const std::string_view name : known_)
-                names += (names.empty() ? "" : ", ") + std::string{name};
+            for (const std::string_view name : known_) names += (names.empty() ? "" : ", ") + std::string{name};
             throw json::Problem{member.line, "is not known here; known are " + names};
         });
     }

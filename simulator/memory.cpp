@@ -18,8 +18,8 @@ std::vector<std::string_view> partsOf(std::string_view text) {
         if (text.substr(position, begin.size()) != begin) return {};
         position += begin.size();
         const std::string& known = sections()[i]->text;
-        const bool isKnown = text.substr(position, known.size()) == known &&
-                             text.substr(position + known.size(), end.size()) == end;
+        const bool isKnown =
+            text.substr(position, known.size()) == known && text.substr(position + known.size(), end.size()) == end;
         const std::size_t next = isKnown ? position + known.size() : text.find(end, position);
         if (next == std::string_view::npos) return {};
         parts.push_back(text.substr(position, next - position));
@@ -124,9 +124,9 @@ void refreshMemory() { refresh(false); }
 void resetMemory() {
     const std::lock_guard lock{memoryMutex};
     std::vector<Section*> restored;
-    std::copy_if(
-        sections().begin(), sections().end(), std::back_inserter(restored),
-        [](const Section* section) { return section->onReset == OnReset::restored; });
+    std::copy_if(sections().begin(), sections().end(), std::back_inserter(restored), [](const Section* section) {
+        return section->onReset == OnReset::restored;
+    });
     std::optional<KeptChange> change;
     if (isKept) change.emplace(restored);
     for (Section* section : restored) section->restore();

@@ -34,8 +34,7 @@ std::vector<std::string> getNameServers(std::vector<std::string>* companions) {
     });
 }
 
-std::int32_t
-setNameServers(const std::vector<std::string>& servers, const std::vector<std::string>* companions) {
+std::int32_t setNameServers(const std::vector<std::string>& servers, const std::vector<std::string>* companions) {
     if (!std::all_of(servers.begin(), servers.end(), isIpAddress)) return refused;
     memory.change([&](State& state) {
         state.servers = servers;

@@ -39,8 +39,7 @@ using Captures = std::map<std::string, Capture>;  // by the name of the interfac
 auto& memory = Memory<Captures>::make("captures");
 
 bool isInterface(const std::string& name) {
-    const std::unique_ptr<std::vector<std::string>> names{
-        talvern::ethernetInterfaces::simulated::getInterfaceNames()};
+    const std::unique_ptr<std::vector<std::string>> names{talvern::ethernetInterfaces::simulated::getInterfaceNames()};
     return std::find(names->begin(), names->end(), name) != names->end();
 }
 
@@ -53,8 +52,7 @@ namespace talvern::packetCapture::simulated {
 // No packets pass, so no limit is reached and a capture runs until it is stopped.
 InterfaceState sStartPacketCapture(
     std::string interfaceName, std::string fileName, std::string /*filter*/, unsigned int /*snapLength*/,
-    unsigned long /*maxBytes*/, unsigned int /*maxSeconds*/, unsigned int /*maxPackets*/,
-    bool /*isPromiscuous*/) {
+    unsigned long /*maxBytes*/, unsigned int /*maxSeconds*/, unsigned int /*maxPackets*/, bool /*isPromiscuous*/) {
     if (!isInterface(interfaceName)) return unknownInterface;
     if (fileName.empty()) return invalidArguments;
     return memory.change([&](Captures& captures) {

@@ -6,8 +6,7 @@
 namespace talvern::processManagerUtils {
 
 static const auto& namesOf(PlatformLogLevel) {
-    static constexpr std::array names{"emergency", "alert",  "critical", "error",
-                                      "warning",   "notice", "info",     "debug"};
+    static constexpr std::array names{"emergency", "alert", "critical", "error", "warning", "notice", "info", "debug"};
     return names;
 }
 

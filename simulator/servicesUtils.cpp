@@ -26,8 +26,7 @@ std::int32_t startTest(const char* name, std::int32_t interval) {
 }
 
 std::int32_t stopTest(const char* name) {
-    return memory.change(
-        [&](std::set<std::string>& started) { return started.erase(name) == 0 ? notFound : 0; });
+    return memory.change([&](std::set<std::string>& started) { return started.erase(name) == 0 ? notFound : 0; });
 }
 
 std::int32_t performTest(const char* name, std::int32_t count) {

@@ -127,8 +127,7 @@ namespace {
 
 constexpr std::int32_t year = 365 * 24 * 60 * 60;
 constexpr std::int32_t startOf2024 = 1'704'067'200;
-constexpr std::int64_t secondsBefore =
-    std::int64_t{19} * 24 * 60 * 60;  // the appliance ran when it was first asked
+constexpr std::int64_t secondsBefore = std::int64_t{19} * 24 * 60 * 60;  // the appliance ran when it was first asked
 
 constexpr DiskSnapShot firstDisk{
     .deviceName = "sda",
@@ -303,9 +302,7 @@ namespace talvern::statusUtils::simulated {
 
 bool getFanStatus(std::vector<FanStatus>& fans) { return copyTo(fans, &State::fans); }
 
-bool getTempStatus(std::vector<TempStatus>& temperatures) {
-    return copyTo(temperatures, &State::temperatures);
-}
+bool getTempStatus(std::vector<TempStatus>& temperatures) { return copyTo(temperatures, &State::temperatures); }
 
 bool getPowerStatus(std::vector<PowerStatus>& supplies) { return copyTo(supplies, &State::powerSupplies); }
 
@@ -325,8 +322,7 @@ bool getCPUUsage(std::vector<CPUUsage>& usage) {
     const std::int32_t extra = wave(load);
     constexpr std::int32_t directions[]{1, -1, 1, 0};
     for (std::size_t i = 0; i < load.each.size(); ++i) {
-        usage.push_back(
-            {static_cast<std::int32_t>(i), varied(load, load.each[i], directions[i % 4] * extra)});
+        usage.push_back({static_cast<std::int32_t>(i), varied(load, load.each[i], directions[i % 4] * extra)});
     }
     return true;
 }
@@ -335,10 +331,7 @@ bool getCPUDetailedUsage(std::vector<CPUUsage>& usage) {
     const Load load = memory.read([](const State& state) { return state.load; });
     const std::int32_t extra = wave(load);
     usage = {
-        {0, varied(load, load.user, extra)},
-        {1, load.system},
-        {2, load.waiting},
-        {3, varied(load, load.idle, -extra)}};
+        {0, varied(load, load.user, extra)}, {1, load.system}, {2, load.waiting}, {3, varied(load, load.idle, -extra)}};
     return true;
 }
 
@@ -369,9 +362,7 @@ bool batteryReplaced() {
     const auto seconds = [](std::int64_t time) {  // the record ends in 2038
         return static_cast<std::int32_t>(std::min<std::int64_t>(time, INT32_MAX));
     };
-    memory.change([&](State& state) {
-        state.battery = {seconds(now), 100, seconds(now + std::int64_t{4} * year)};
-    });
+    memory.change([&](State& state) { state.battery = {seconds(now), 100, seconds(now + std::int64_t{4} * year)}; });
     return true;
 }
 

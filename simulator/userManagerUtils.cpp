@@ -49,8 +49,7 @@ void describe(Members& members, User& user) {
     members("name", user.name);
     members("passwordHash", user.passwordHash);
     members("sshKeys", user.sshKeys);
-    if constexpr (Members::isReading)
-        members.require(isUserName(user.name), "name: is missing or no name for a user");
+    if constexpr (Members::isReading) members.require(isUserName(user.name), "name: is missing or no name for a user");
 }
 
 void fromJson(const json::Node& node, State& state) { Reader::read(node, state.users); }

@@ -50,8 +50,7 @@ std::unique_ptr<Value> withoutChildren(const json::Node* node, std::size_t level
 
 /// A structure or list that is being written.
 struct Open {
-    std::vector<std::pair<const std::string*, const Value*>> children =
-        {};  ///< each with its key, if it has one
+    std::vector<std::pair<const std::string*, const Value*>> children = {};  ///< each with its key, if it has one
     std::size_t written = 0;
     const char* end = "";
 };
@@ -59,8 +58,7 @@ struct Open {
 /// Writes a value, but for its children, which are to follow.
 void begin(json::Text& out, const Value* value, std::vector<Open>& open) {
     if (value == nullptr) return out.add("null");
-    if (open.size() == depthLimit)
-        throw std::invalid_argument{"a value is nested too deeply, and can't be kept"};
+    if (open.size() == depthLimit) throw std::invalid_argument{"a value is nested too deeply, and can't be kept"};
     if (value->mu) out.add("{\"@mu\": ");
     if (const auto* simple = dynamic_cast<const SimpleValue*>(value)) {
         out.addQuoted(simple->value);

@@ -29,8 +29,8 @@ TEST_F(ConstantsTest, EachNumberIsItsConstantAndAnUnknownOneAnError) {
     });
     platform::answer<&statusUtils::getIntrusionStatus>([&] { return number; });
 
-    const auto expectConstants = [&](const Texts& constants, int first, const Texts& around,
-                                     const char* native, const auto&... arguments) {
+    const auto expectConstants = [&](const Texts& constants, int first, const Texts& around, const char* native,
+                                     const auto&... arguments) {
         SCOPED_TRACE(native);
         number = first;
         for (const std::string& constant : constants) {

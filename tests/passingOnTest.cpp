@@ -142,8 +142,7 @@ TEST_F(PassingOnTest, TheNetwork) {
     passesOn<&hostsUtils::deleteHostnames>("_deleteHostnames", flag, "A");
     for (const Texts& servers : {Texts{}, Texts{"B", "", "C", "B"}}) {
         passesOn<&nameServers::setSearchDomains>("_setSearchDomains", isZero, servers);
-        passes<&timeServers::setTimeServers>(
-            "_setTimeServers", isZero, std::tuple{servers}, servers, nullptr);
+        passes<&timeServers::setTimeServers>("_setTimeServers", isZero, std::tuple{servers}, servers, nullptr);
         passesOn<&hostsUtils::setHostnames>("_setHostnames", flag, "A", servers);
     }
     passesOn<&ethernetInterfaces::addVIPToInterface>("_addVIPToInterface", number, "A", "B");
@@ -173,8 +172,7 @@ TEST_F(PassingOnTest, TheNetwork) {
 
 TEST_F(PassingOnTest, TheHardware) {
     using statusUtils::ServiceStatus;
-    passesOn<&statusUtils::getUptime>(
-        "_getUptime", Answers<std::int64_t>{{0x123456789A, "78187493530"}, {-2, "-2"}});
+    passesOn<&statusUtils::getUptime>("_getUptime", Answers<std::int64_t>{{0x123456789A, "78187493530"}, {-2, "-2"}});
     passesOn<&statusUtils::clearIntrusionStatus>("_clearIntrusionStatus", number);
     passesOn<&statusUtils::batteryReplaced>("_batteryReplaced", flag);
     passes<&statusUtils::isServiceReady>("_isServiceReady", flag, std::tuple{-9}, ServiceStatus{-9}, 0);
@@ -190,13 +188,11 @@ TEST_F(PassingOnTest, ProcessesAndFirmware) {
         "_getPlatformTraceMask", Answers<std::uint32_t>{{0x80000001, "-2147483647"}});
     passes<&processManagerUtils::setPlatformLogLevel>(
         "_setPlatformLogLevel", isZero, std::tuple{11}, PlatformLogLevel{11});
-    passes<&processManagerUtils::distributeLogging>(
-        "_distributeLogging", dropped, std::tuple{-1, 5}, 4294967295U, 5);
+    passes<&processManagerUtils::distributeLogging>("_distributeLogging", dropped, std::tuple{-1, 5}, 4294967295U, 5);
     passesOn<&processManagerUtils::requestReboot>("_requestReboot", number);
     passesOn<&processManagerUtils::requestShutdown>("_requestShutdown", number);
     passesOn<&processManagerUtils::signalApplicationIsUnhealthy>("_signalProcessIsUnhealthy", isZero, "A");
-    passes<&processManagerUtils::signalIAmReady>(
-        "_signalProcessIsReady", isZero, std::tuple{"A"}, "A", false);
+    passes<&processManagerUtils::signalIAmReady>("_signalProcessIsReady", isZero, std::tuple{"A"}, "A", false);
     passesOn<&log::init>("_initLogging", none, "A");
     passesOn<&firmwareManagerUtils::rollback>(
         "_rollbackFirmware", Answers<std::int32_t>{{0, "0"}, {1, "1"}, {5, "1"}, {-1, "1"}});
@@ -214,19 +210,16 @@ TEST_F(PassingOnTest, UsersCapturesAndServices) {
     passesOn<&userManagerUtils::deleteUser>("_deleteUser", number, "A");
     passesOn<&userManagerUtils::sshKeyDel>("_sshKeyDel", number, "A");
     passes<&userManagerUtils::login>("_authenticateUser", flag, std::tuple{"A", "B"}, password, "A", "B");
-    passes<&userManagerUtils::changePasswd>(
-        "_changePassword", flag, std::tuple{"A", "B"}, password, "A", "B");
+    passes<&userManagerUtils::changePasswd>("_changePassword", flag, std::tuple{"A", "B"}, password, "A", "B");
     using namespace packetCapture;
     const Answers<InterfaceState> start{{capturing, "CAPTURING"}};
     passes<&sStartPacketCapture>(
-        "_startPacketCapture", start, std::tuple{"A", "B", "C", 1, 2, 3, 4}, "A", "B", "C", 1, 2, 3, 4,
-        false);
+        "_startPacketCapture", start, std::tuple{"A", "B", "C", 1, 2, 3, 4}, "A", "B", "C", 1, 2, 3, 4, false);
     passes<&sStartPacketCapture>(
-        "_startPacketCapture", start, std::tuple{"", "", "", -1, INT_MAX, 0, 0}, "", "", "", 4294967295U,
-        INT_MAX, 0, 0, false);
+        "_startPacketCapture", start, std::tuple{"", "", "", -1, INT_MAX, 0, 0}, "", "", "", 4294967295U, INT_MAX, 0, 0,
+        false);
     const CaptureInfo info{"T", finished, {"Y", "X"}};
-    passesOn<&sGetCaptureInfo>(
-        "_getCaptureInfo", Answers<CaptureInfo>{{info, "T: FINISHED, files [Y, X]"}}, "A");
+    passesOn<&sGetCaptureInfo>("_getCaptureInfo", Answers<CaptureInfo>{{info, "T: FINISHED, files [Y, X]"}}, "A");
     passesOn<&sStopPacketCapture>("_stopPacketCapture", number, "A");
     passesOn<&sRemoveCapture>("_removeCapture", number, "A");
     passesOn<&sGetAllCapturedInterfaces>("_getAllCapturedInterfaces", list);

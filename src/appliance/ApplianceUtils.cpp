@@ -49,13 +49,11 @@ extern "C" {
 
 // Identity
 
-JNIEXPORT jstring JNICALL
-Java_com_kvo_talvern_appliance_ApplianceUtils__1getSerialNumber(JNIEnv* env, jobject) {
+JNIEXPORT jstring JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1getSerialNumber(JNIEnv* env, jobject) {
     return passOn(env, NullIfEmpty{}, applianceUtils::getSerialNumber);
 }
 
-JNIEXPORT jstring JNICALL
-Java_com_kvo_talvern_appliance_ApplianceUtils__1getMachineType(JNIEnv* env, jobject) {
+JNIEXPORT jstring JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1getMachineType(JNIEnv* env, jobject) {
     return passOn(env, NullIfEmpty{}, applianceUtils::getMachineType);
 }
 
@@ -77,8 +75,8 @@ JNIEXPORT jstring JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1getLoc
     return passOn(env, jstring{}, applianceUtils::getLocale);
 }
 
-JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1setLocale(
-    JNIEnv* env, jobject, jstring locale, jstring modifier) {
+JNIEXPORT jboolean JNICALL
+Java_com_kvo_talvern_appliance_ApplianceUtils__1setLocale(JNIEnv* env, jobject, jstring locale, jstring modifier) {
     return entryPoint(env, jboolean{JNI_FALSE}, [&] {
         UtfStrings utf{env};
         const char* localeChars = utf.take(locale);
@@ -92,8 +90,7 @@ Java_com_kvo_talvern_appliance_ApplianceUtils__1setDefaultLocale(JNIEnv* env, jo
     return passOn(env, jboolean{JNI_FALSE}, applianceUtils::setDefaultLocale, locale);
 }
 
-JNIEXPORT jobjectArray JNICALL
-Java_com_kvo_talvern_appliance_ApplianceUtils__1getDateTime(JNIEnv* env, jobject) {
+JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1getDateTime(JNIEnv* env, jobject) {
     return passOn(env, jobjectArray{}, applianceUtils::getDateTime);
 }
 
@@ -113,8 +110,7 @@ Java_com_kvo_talvern_appliance_ApplianceUtils__1setDateTime(JNIEnv* env, jobject
 
 // Inventory
 
-JNIEXPORT jobject JNICALL
-Java_com_kvo_talvern_appliance_ApplianceUtils__1getHardwareInfo(JNIEnv* env, jobject) {
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1getHardwareInfo(JNIEnv* env, jobject) {
     return entryPoint(env, jobject{}, [&] {
         const Constructor<
             "(Ljava/lang/String;Ljava/lang/String;Ljava/lang/String;Ljava/lang/String;"
@@ -128,13 +124,11 @@ Java_com_kvo_talvern_appliance_ApplianceUtils__1getHardwareInfo(JNIEnv* env, job
         jstring serialNumber = toJavaString(env, info.serialNumber);
         jstring biosVersion = toJavaString(env, info.biosVersion);
         jstring biosDate = toJavaString(env, info.biosDate);
-        return create(
-            manufacturer, productName, machineType, serialNumber, biosVersion, biosDate, info.isVirtual);
+        return create(manufacturer, productName, machineType, serialNumber, biosVersion, biosDate, info.isVirtual);
     });
 }
 
-JNIEXPORT jobjectArray JNICALL
-Java_com_kvo_talvern_appliance_ApplianceUtils__1getComponentInfo(JNIEnv* env, jobject) {
+JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1getComponentInfo(JNIEnv* env, jobject) {
     return entryPoint(env, jobjectArray{}, [&] {
         jclass javaClass = findClass(env, "com/kvo/talvern/appliance/ComponentFirmware");
         const Constructor<"(ILjava/lang/String;)V"> create{env, javaClass};
@@ -206,19 +200,16 @@ Java_com_kvo_talvern_appliance_ApplianceUtils__1deviceRESET(JNIEnv* env, jobject
         const std::int32_t status = applianceUtils::deviceRESET(errors);
         if (errors.size() > slots) errors.resize(slots);
         jsize index = 0;
-        for (const auto& error : errors)
-            env->SetObjectArrayElement(javaErrors, index++, javaFileErrors.of(error));
+        for (const auto& error : errors) env->SetObjectArrayElement(javaErrors, index++, javaFileErrors.of(error));
         return status;
     });
 }
 
-JNIEXPORT jboolean JNICALL
-Java_com_kvo_talvern_appliance_ApplianceUtils__1areHostSSHKeysStrong(JNIEnv* env, jobject) {
+JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1areHostSSHKeysStrong(JNIEnv* env, jobject) {
     return passOn(env, jboolean{JNI_FALSE}, applianceUtils::areHostSSHKeysStrong);
 }
 
-JNIEXPORT jint JNICALL
-Java_com_kvo_talvern_appliance_ApplianceUtils__1resetHostSSHKeys(JNIEnv* env, jobject) {
+JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1resetHostSSHKeys(JNIEnv* env, jobject) {
     return passOn(env, jint{2}, applianceUtils::resetHostSSHKeys);
 }
 

@@ -7,8 +7,7 @@ namespace talvern::bridge {
 
 extern "C" {
 
-JNIEXPORT jstring JNICALL
-Java_com_kvo_talvern_appliance_TimeZoneUtils__1getConfiguredTimeZone(JNIEnv* env, jobject) {
+JNIEXPORT jstring JNICALL Java_com_kvo_talvern_appliance_TimeZoneUtils__1getConfiguredTimeZone(JNIEnv* env, jobject) {
     return passOn(env, jstring{}, applianceUtils::getTimezone);
 }
 
@@ -17,8 +16,7 @@ Java_com_kvo_talvern_appliance_TimeZoneUtils__1setConfiguredTimeZone(JNIEnv* env
     return passOn(env, jboolean{JNI_FALSE}, applianceUtils::setTimezone, name);
 }
 
-JNIEXPORT jobjectArray JNICALL
-Java_com_kvo_talvern_appliance_TimeZoneUtils__1getTimeZones(JNIEnv* env, jobject) {
+JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_appliance_TimeZoneUtils__1getTimeZones(JNIEnv* env, jobject) {
     return passOn(env, jobjectArray{}, applianceUtils::getTimezones);
 }
 }

@@ -70,9 +70,7 @@ bool handleException(JNIEnv* env, const std::exception& exception) {
 }
 
 bool handleException(JNIEnv* env, const talvern::config::messaging::ValidationException& exception) {
-    trace([&] {
-        talvern::log::trace(3, "ValidationException caught in libtalvern JNI: %s", textOf(exception));
-    });
+    trace([&] { talvern::log::trace(3, "ValidationException caught in libtalvern JNI: %s", textOf(exception)); });
     discardPending(env);
     return throwCreated(env, "com/kvo/talvern/config/ValidationException", [&](jclass exceptionClass) {
         const Constructor<"(Ljava/lang/String;Ljava/lang/String;)V"> create{env, exceptionClass};
@@ -85,9 +83,7 @@ bool handleException(JNIEnv* env, const talvern::config::messaging::ValidationEx
 }
 
 bool handleException(JNIEnv* env, const talvern::config::messaging::ConfigChangeException& exception) {
-    trace([&] {
-        talvern::log::trace(3, "ConfigChangeException caught in libtalvern JNI: %s", textOf(exception));
-    });
+    trace([&] { talvern::log::trace(3, "ConfigChangeException caught in libtalvern JNI: %s", textOf(exception)); });
     discardPending(env);
     return throwCreated(env, "com/kvo/talvern/config/ConfigChangeException", [&](jclass exceptionClass) {
         const Constructor<"(ILjava/lang/String;[Ljava/lang/String;)V"> create{env, exceptionClass};

@@ -22,8 +22,7 @@ JNIEXPORT bool handleException(JNIEnv* env, const std::exception& exception);
 JNIEXPORT bool handleException(JNIEnv* env, const talvern::config::messaging::ValidationException& exception);
 
 /// A Java ConfigChangeException with the same code, text and list.
-JNIEXPORT bool
-handleException(JNIEnv* env, const talvern::config::messaging::ConfigChangeException& exception);
+JNIEXPORT bool handleException(JNIEnv* env, const talvern::config::messaging::ConfigChangeException& exception);
 
 namespace talvern::bridge {
 

@@ -77,9 +77,7 @@ template <Literal Name, Literal Signature>
 class StaticMethod {
   public:
     StaticMethod(JNIEnv* env, jclass javaClass)
-        : env_{env},
-          class_{javaClass},
-          id_{notNull(env->GetStaticMethodID(javaClass, Name.text, Signature.text))} {}
+        : env_{env}, class_{javaClass}, id_{notNull(env->GetStaticMethodID(javaClass, Name.text, Signature.text))} {}
 
     /// Calls the method. What the Java code throws stays pending; the result is null then.
     template <typename... Arguments>

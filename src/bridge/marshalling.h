@@ -21,9 +21,7 @@ namespace talvern::bridge {
 std::string toNativeString(JNIEnv* env, jstring string);
 
 /// A Java string of `text` up to its first NUL.
-inline jstring toJavaString(JNIEnv* env, const std::string& text) {
-    return notNull(env->NewStringUTF(text.c_str()));
-}
+inline jstring toJavaString(JNIEnv* env, const std::string& text) { return notNull(env->NewStringUTF(text.c_str())); }
 
 /// Copies of all elements, in order.
 /// @throws std::invalid_argument  the array or one of its elements is null
@@ -45,8 +43,7 @@ jsize toJavaSize(std::size_t size);
 /// A Java array with one element per entry of `entries`, in order: what `convert` makes of it. `initial`
 /// fills the array before; it stays only where `convert` ends the call.
 template <typename Entries, typename Convert>
-jobjectArray
-toJavaArray(JNIEnv* env, jclass elementClass, jobject initial, const Entries& entries, Convert convert) {
+jobjectArray toJavaArray(JNIEnv* env, jclass elementClass, jobject initial, const Entries& entries, Convert convert) {
     jobjectArray array = notNull(env->NewObjectArray(toJavaSize(std::size(entries)), elementClass, initial));
     jsize index = 0;
     for (const auto& entry : entries) env->SetObjectArrayElement(array, index++, convert(entry));
@@ -73,8 +70,7 @@ jobjectArray toJavaStringArray(JNIEnv* env, const std::vector<std::string>& text
 /// The constants of a Java enum, each found by its ordinal.
 class JavaEnumConstants {
   public:
-    JavaEnumConstants(JNIEnv* env, jobject values)
-        : env_{env}, values_{static_cast<jobjectArray>(notNull(values))} {}
+    JavaEnumConstants(JNIEnv* env, jobject values) : env_{env}, values_{static_cast<jobjectArray>(notNull(values))} {}
 
     /// The constant with this ordinal; null, with the JVM's ArrayIndexOutOfBoundsException pending, if
     /// there is none.

@@ -68,13 +68,14 @@ struct NullIfEmpty {};
 
 /// Whether an operation's answer has a meaning where the failure value is a `Failure`.
 template <typename Failure, typename Answer>
-constexpr bool isReturnable =
-    (std::same_as<Failure, jint> && (std::same_as<Answer, jint> || std::same_as<Answer, std::uint32_t>)) ||
-    (std::same_as<Failure, jlong> && std::same_as<Answer, jlong>) ||
-    (std::same_as<Failure, jboolean> && (std::same_as<Answer, bool> || std::same_as<Answer, std::int32_t>)) ||
-    (std::same_as<Failure, jstring> && std::same_as<Answer, std::string>) ||
-    (std::same_as<Failure, NullIfEmpty> && std::same_as<Answer, std::string>) ||
-    (std::same_as<Failure, jobjectArray> && std::same_as<Answer, std::vector<std::string>>);
+constexpr bool isReturnable = (std::same_as<Failure, jint> &&
+                               (std::same_as<Answer, jint> || std::same_as<Answer, std::uint32_t>)) ||
+                              (std::same_as<Failure, jlong> && std::same_as<Answer, jlong>) ||
+                              (std::same_as<Failure, jboolean> &&
+                               (std::same_as<Answer, bool> || std::same_as<Answer, std::int32_t>)) ||
+                              (std::same_as<Failure, jstring> && std::same_as<Answer, std::string>) ||
+                              (std::same_as<Failure, NullIfEmpty> && std::same_as<Answer, std::string>) ||
+                              (std::same_as<Failure, jobjectArray> && std::same_as<Answer, std::vector<std::string>>);
 
 /// The Java form of an answer: numbers, truths, texts and lists as they are. A status is true exactly when it
 /// is 0, where Java has a `boolean`.
@@ -110,8 +111,7 @@ constexpr bool takes = false;
 
 template <typename Answer, typename... Parameters, typename... Arguments>
     requires(sizeof...(Parameters) == sizeof...(Arguments))
-inline constexpr bool takes<Answer (*)(Parameters...), Arguments...> =
-    (isPassable<Parameters, Arguments> && ...);
+inline constexpr bool takes<Answer (*)(Parameters...), Arguments...> = (isPassable<Parameters, Arguments> && ...);
 
 /// A native method whose failure value is a `Failure` can pass its arguments on to the operation.
 template <typename Failure, typename Operation, typename Answer, typename... Arguments>
@@ -133,8 +133,7 @@ passOn(JNIEnv* env, Failure failureValue, Answer (*operation)(Parameters...), Ar
 /// A native method that returns nothing, whatever the operation answers.
 template <typename Answer, typename... Parameters, typename... Arguments>
     requires takes<Answer (*)(Parameters...), Arguments...>
-[[gnu::always_inline]] inline void
-passOn(JNIEnv* env, Answer (*operation)(Parameters...), Arguments... arguments) {
+[[gnu::always_inline]] inline void passOn(JNIEnv* env, Answer (*operation)(Parameters...), Arguments... arguments) {
     entryPoint(env, [&] { callPlatform(env, operation, arguments...); });
 }
 

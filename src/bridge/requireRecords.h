@@ -12,8 +12,7 @@ template <typename Record>
 void requireRecords(const std::vector<Record*>& records, const std::string& listName) {
     for (std::size_t i = 0; i < records.size(); ++i) {
         if (records[i] == nullptr) {
-            throw std::runtime_error{
-                "null record in the list of " + listName + " at index " + std::to_string(i)};
+            throw std::runtime_error{"null record in the list of " + listName + " at index " + std::to_string(i)};
         }
     }
 }

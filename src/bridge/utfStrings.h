@@ -53,9 +53,7 @@ class UtfStrings {
         const char* chars;
     };
 
-    Taken& at(std::size_t index) {
-        return index < first_.size() ? first_[index] : further_[index - first_.size()];
-    }
+    Taken& at(std::size_t index) { return index < first_.size() ? first_[index] : further_[index - first_.size()]; }
     void giveBack(const Taken& taken) noexcept { env_->ReleaseStringUTFChars(taken.string, taken.chars); }
 
     JNIEnv* env_;
@@ -71,8 +69,7 @@ class TextLimit {
     /// @throws std::length_error  it is more than 256 MiB in all
     void count(std::string_view text) {
         bytes_ += text.size();
-        if (bytes_ > std::size_t{256} << 20)
-            throw std::length_error{"argument with more than 256 MiB of text"};
+        if (bytes_ > std::size_t{256} << 20) throw std::length_error{"argument with more than 256 MiB of text"};
     }
 
   private:

@@ -32,8 +32,8 @@ jobject toJavaCaptureInfo(JNIEnv* env, const packetCapture::CaptureInfo& info) {
 extern "C" {
 
 JNIEXPORT jobject JNICALL Java_com_kvo_talvern_appliance_PacketCapture__1startPacketCapture(
-    JNIEnv* env, jobject, jstring interfaceName, jstring fileName, jstring filter, jint snapLength,
-    jint maxBytes, jint maxSeconds, jint maxPackets) {
+    JNIEnv* env, jobject, jstring interfaceName, jstring fileName, jstring filter, jint snapLength, jint maxBytes,
+    jint maxSeconds, jint maxPackets) {
     return entryPoint(env, jobject{}, [&] {
         const JavaEnumConstants states = JavaInterfaceStates{env}.constants();
         jobject rejection = states.at(packetCapture::invalidArguments);
@@ -44,13 +44,13 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_appliance_PacketCapture__1startPa
         if (maxBytes < 0 || maxSeconds < 0 || maxPackets < 0) return rejection;
         return states.at(packetCapture::sStartPacketCapture(
             nativeInterfaceName, nativeFileName, nativeFilter, static_cast<unsigned>(snapLength),
-            static_cast<unsigned>(maxBytes), static_cast<unsigned>(maxSeconds),
-            static_cast<unsigned>(maxPackets), false));
+            static_cast<unsigned>(maxBytes), static_cast<unsigned>(maxSeconds), static_cast<unsigned>(maxPackets),
+            false));
     });
 }
 
-JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_PacketCapture__1stopPacketCapture(
-    JNIEnv* env, jobject, jstring interfaceName) {
+JNIEXPORT jint JNICALL
+Java_com_kvo_talvern_appliance_PacketCapture__1stopPacketCapture(JNIEnv* env, jobject, jstring interfaceName) {
     return passOn(env, jint{0}, packetCapture::sStopPacketCapture, interfaceName);
 }
 

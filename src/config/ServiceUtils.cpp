@@ -27,9 +27,7 @@ std::string identifier(UtfStrings& utf, jstring string) { return string == nullp
 /// The strings that identify an object. Their characters are taken in this order.
 struct ObjectId {
     ObjectId(UtfStrings& utf, jstring javaType, jstring javaParent, jstring javaName)
-        : type{identifier(utf, javaType)},
-          parent{identifier(utf, javaParent)},
-          name{identifier(utf, javaName)} {}
+        : type{identifier(utf, javaType)}, parent{identifier(utf, javaParent)}, name{identifier(utf, javaName)} {}
 
     std::string type, parent, name;
 };
@@ -52,8 +50,7 @@ jobject requestWithValue(JNIEnv* env, jobject receiver, UtfStrings& utf, jobject
 
 /// Asks the service for a change of an object as a whole.
 template <typename Operation>
-jobject
-changeWhole(JNIEnv* env, jobject receiver, Operation operation, jstring type, jstring parent, jstring name) {
+jobject changeWhole(JNIEnv* env, jobject receiver, Operation operation, jstring type, jstring parent, jstring name) {
     return changingEntryPoint(env, jobject{}, [&] {
         UtfStrings utf{env};
         const ObjectId id{utf, type, parent, name};
@@ -89,8 +86,7 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1createObjec
 }
 
 JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1updateObject(
-    JNIEnv* env, jobject receiver, jstring type, jstring parent, jstring name, jobject value,
-    jboolean merge) {
+    JNIEnv* env, jobject receiver, jstring type, jstring parent, jstring name, jobject value, jboolean merge) {
     return changingEntryPoint(env, jobject{}, [&] {
         UtfStrings utf{env};
         const ObjectId id{utf, type, parent, name};
@@ -123,14 +119,13 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1queryObject
     });
 }
 
-JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1validateObject(
-    JNIEnv* env, jobject receiver, jstring type, jobject value) {
+JNIEXPORT jobject JNICALL
+Java_com_kvo_talvern_config_ServiceUtils__1validateObject(JNIEnv* env, jobject receiver, jstring type, jobject value) {
     return validatingEntryPoint(env, jobject{}, [&] {
         UtfStrings utf{env};
         const std::string nativeType = identifier(utf, type);
-        return requestWithValue(env, receiver, utf, value, [&](const Value* tree) {
-            return Service::validateObject(nativeType, tree);
-        });
+        return requestWithValue(
+            env, receiver, utf, value, [&](const Value* tree) { return Service::validateObject(nativeType, tree); });
     });
 }
 
@@ -151,8 +146,7 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1getNamesofO
     });
 }
 
-JNIEXPORT jobject JNICALL
-Java_com_kvo_talvern_config_ServiceUtils__1getObjectTypes(JNIEnv* env, jobject receiver) {
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1getObjectTypes(JNIEnv* env, jobject receiver) {
     return entryPoint(env, jobject{}, [&] {
         const JavaLists<"java/util/ArrayList"> lists{env};
         jobject javaTypes = lists.create();
@@ -167,9 +161,7 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1getAdminSta
     return entryPoint(env, jobject{}, [&] {
         UtfStrings utf{env};
         const ObjectId id{utf, type, parent, name};
-        const auto read = [&](auto& state) {
-            return Service::getAdminState(id.type, id.parent, id.name, state);
-        };
+        const auto read = [&](auto& state) { return Service::getAdminState(id.type, id.parent, id.name, state); };
         return readState<Service::AdminState>(env, receiver, utf, read, convertAdminState);
     });
 }
@@ -189,9 +181,7 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1getOpState(
     return entryPoint(env, jobject{}, [&] {
         UtfStrings utf{env};
         const ObjectId id{utf, type, parent, name};
-        const auto read = [&](auto& state) {
-            return Service::getOpState(id.type, id.parent, id.name, state);
-        };
+        const auto read = [&](auto& state) { return Service::getOpState(id.type, id.parent, id.name, state); };
         return readState<Service::OpState>(env, receiver, utf, read, convertOpState);
     });
 }

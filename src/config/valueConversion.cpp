@@ -73,8 +73,7 @@ class Lazy {
 // What native values become.
 
 struct NewSimpleValues {
-    explicit NewSimpleValues(JNIEnv* env)
-        : create{env, findClass(env, "com/kvo/talvern/config/SimpleValue")} {}
+    explicit NewSimpleValues(JNIEnv* env) : create{env, findClass(env, "com/kvo/talvern/config/SimpleValue")} {}
 
     Constructor<"(Ljava/lang/String;Z)V"> create;
 };
@@ -89,8 +88,7 @@ struct NewStructValues {
 };
 
 struct NewArrayValues {
-    explicit NewArrayValues(JNIEnv* env)
-        : NewArrayValues{env, findClass(env, "com/kvo/talvern/config/ArrayValue")} {}
+    explicit NewArrayValues(JNIEnv* env) : NewArrayValues{env, findClass(env, "com/kvo/talvern/config/ArrayValue")} {}
     NewArrayValues(JNIEnv* env, jclass javaClass) : create{env, javaClass}, add{env, javaClass} {}
 
     Constructor<"(Z)V"> create;

@@ -54,8 +54,7 @@ jlong readBatteryTime(std::int32_t statusUtils::BatteryStatus::*time) {
 
 extern "C" {
 
-JNIEXPORT jobjectArray JNICALL
-Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getFanStatus(JNIEnv* env, jobject) {
+JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getFanStatus(JNIEnv* env, jobject) {
     return entryPoint(env, jobjectArray{}, [&] { return readSensors(env, statusUtils::getFanStatus); });
 }
 
@@ -84,8 +83,7 @@ Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getRaidPhysicalDiskStatus(J
     return entryPoint(env, jobjectArray{}, [&] { return readDiskSnapShots(env); });
 }
 
-JNIEXPORT jobject JNICALL
-Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getCPUUsage(JNIEnv* env, jobject) {
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getCPUUsage(JNIEnv* env, jobject) {
     return entryPoint(env, jobject{}, [&] { return readUsage(env, statusUtils::getCPUUsage); });
 }
 
@@ -94,13 +92,11 @@ Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getCPUDetailedUsage(JNIEnv*
     return entryPoint(env, jobject{}, [&] { return readUsage(env, statusUtils::getCPUDetailedUsage); });
 }
 
-JNIEXPORT jint JNICALL
-Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getTotalMemory(JNIEnv* env, jobject) {
+JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getTotalMemory(JNIEnv* env, jobject) {
     return entryPoint(env, jint{-1}, [] { return readMemory(&Memory::total); });
 }
 
-JNIEXPORT jint JNICALL
-Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getFreeMemory(JNIEnv* env, jobject) {
+JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getFreeMemory(JNIEnv* env, jobject) {
     return entryPoint(env, jint{-1}, [] { return readMemory(&Memory::free); });
 }
 
@@ -108,8 +104,7 @@ JNIEXPORT jlong JNICALL Java_com_kvo_talvern_appliance_HardwareStatusUtils__1get
     return passOn(env, jlong{-1}, statusUtils::getUptime);
 }
 
-JNIEXPORT jobject JNICALL
-Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getFlashStatus(JNIEnv* env, jobject) {
+JNIEXPORT jobject JNICALL Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getFlashStatus(JNIEnv* env, jobject) {
     return entryPoint(env, jobject{}, [&]() -> jobject {
         const Constructor<"(II)V"> create{env, findClass(env, "com/kvo/talvern/appliance/FlashVolume")};
         statusUtils::FlashStatus flash{};
@@ -128,8 +123,7 @@ Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getBatteryExpirationTime(JN
     return entryPoint(env, jlong{-1}, [] { return readBatteryTime(&statusUtils::BatteryStatus::expires); });
 }
 
-JNIEXPORT jboolean JNICALL
-Java_com_kvo_talvern_appliance_HardwareStatusUtils__1batteryReplaced(JNIEnv* env, jobject) {
+JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_HardwareStatusUtils__1batteryReplaced(JNIEnv* env, jobject) {
     return passOn(env, jboolean{JNI_FALSE}, statusUtils::batteryReplaced);
 }
 
@@ -144,8 +138,7 @@ Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getIntrusionStatus(JNIEnv* 
     });
 }
 
-JNIEXPORT jint JNICALL
-Java_com_kvo_talvern_appliance_HardwareStatusUtils__1clearIntrusionStatus(JNIEnv* env, jobject) {
+JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_HardwareStatusUtils__1clearIntrusionStatus(JNIEnv* env, jobject) {
     return passOn(env, jint{-1}, statusUtils::clearIntrusionStatus);
 }
 

@@ -75,12 +75,11 @@ jobjectArray readDiskSnapShots(JNIEnv* env) {
         jstring interfaceType = toJavaText(env, disk->interfaceType);
         jstring location = toJavaText(env, disk->location);
         return create(
-            deviceName, vendor, product, serialNumber, revision, disk->bay, worldWideName,
-            jint{disk->controller}, jint{disk->channel}, jint{disk->target}, jint{disk->logicalUnit},
-            volumeName, disk->temperature.value, disk->isPresent, disk->isOnline, disk->isSpare,
-            disk->isFailurePredicted, disk->mediaErrors, disk->otherErrors, disk->powerOnHours,
-            disk->rotationSpeed, state, disk->rebuilt.value, disk->blockSize, disk->size, disk->used,
-            disk->wear.value, disk->selfTestResult.value, interfaceType, location);
+            deviceName, vendor, product, serialNumber, revision, disk->bay, worldWideName, jint{disk->controller},
+            jint{disk->channel}, jint{disk->target}, jint{disk->logicalUnit}, volumeName, disk->temperature.value,
+            disk->isPresent, disk->isOnline, disk->isSpare, disk->isFailurePredicted, disk->mediaErrors,
+            disk->otherErrors, disk->powerOnHours, disk->rotationSpeed, state, disk->rebuilt.value, disk->blockSize,
+            disk->size, disk->used, disk->wear.value, disk->selfTestResult.value, interfaceType, location);
     });
 }
 

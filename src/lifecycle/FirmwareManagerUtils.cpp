@@ -38,8 +38,8 @@ Java_com_kvo_talvern_firmwaremanager_FirmwareManagerUtils__1deletePreviousFirmwa
     return passOn(env, jint{0}, firmwareManagerUtils::deletePrevious);
 }
 
-JNIEXPORT jint JNICALL Java_com_kvo_talvern_firmwaremanager_FirmwareManagerUtils__1reflashFirmware(
-    JNIEnv* env, jobject, jstring image) {
+JNIEXPORT jint JNICALL
+Java_com_kvo_talvern_firmwaremanager_FirmwareManagerUtils__1reflashFirmware(JNIEnv* env, jobject, jstring image) {
     return passOn(env, jint{-1}, firmwareManagerUtils::reflash, image);
 }
 

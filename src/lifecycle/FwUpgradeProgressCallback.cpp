@@ -49,9 +49,7 @@ class LocalFrame {
 /// calls, and puts it back afterwards.
 class SetAside {
   public:
-    explicit SetAside(JNIEnv* env) : env_{env}, exception_{env->ExceptionOccurred()} {
-        env->ExceptionClear();
-    }
+    explicit SetAside(JNIEnv* env) : env_{env}, exception_{env->ExceptionOccurred()} { env->ExceptionClear(); }
     ~SetAside() {
         if (exception_ == nullptr) return;
         env_->ExceptionClear();
@@ -105,10 +103,8 @@ void report(JNIEnv* env, jint done, jint total, FwUpgradeCode code) {
     const LocalFrame frame{env};
     jobject callback = toLocalReference(env);
     const Classes classes = classesOf(env, callback);
-    const Method<"progress", "(IILcom/kvo/talvern/firmwaremanager/UpgradeCode;)V"> progress{
-        env, classes.callback};
-    const StaticMethod<"values", "()[Lcom/kvo/talvern/firmwaremanager/UpgradeCode;"> values{
-        env, classes.code};
+    const Method<"progress", "(IILcom/kvo/talvern/firmwaremanager/UpgradeCode;)V"> progress{env, classes.callback};
+    const StaticMethod<"values", "()[Lcom/kvo/talvern/firmwaremanager/UpgradeCode;"> values{env, classes.code};
     jobject javaCode = notNull(JavaEnumConstants{env, values()}.at(static_cast<jint>(code)));
     progress(callback, done, total, javaCode);
 }

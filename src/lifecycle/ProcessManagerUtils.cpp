@@ -30,8 +30,8 @@ Java_com_kvo_talvern_processmanager_ProcessManagerUtils__1getPlatformLogLevel(JN
     });
 }
 
-JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_processmanager_ProcessManagerUtils__1setPlatformLogLevel(
-    JNIEnv* env, jobject, jint level) {
+JNIEXPORT jboolean JNICALL
+Java_com_kvo_talvern_processmanager_ProcessManagerUtils__1setPlatformLogLevel(JNIEnv* env, jobject, jint level) {
     return passOn(env, jboolean{JNI_FALSE}, processManagerUtils::setPlatformLogLevel, level);
 }
 
@@ -40,13 +40,11 @@ JNIEXPORT void JNICALL Java_com_kvo_talvern_processmanager_ProcessManagerUtils__
     passOn(env, processManagerUtils::distributeLogging, traceMask, level);
 }
 
-JNIEXPORT jint JNICALL
-Java_com_kvo_talvern_processmanager_ProcessManagerUtils__1requestReboot(JNIEnv* env, jobject) {
+JNIEXPORT jint JNICALL Java_com_kvo_talvern_processmanager_ProcessManagerUtils__1requestReboot(JNIEnv* env, jobject) {
     return passOn(env, jint{4}, processManagerUtils::requestReboot);
 }
 
-JNIEXPORT jint JNICALL
-Java_com_kvo_talvern_processmanager_ProcessManagerUtils__1requestShutdown(JNIEnv* env, jobject) {
+JNIEXPORT jint JNICALL Java_com_kvo_talvern_processmanager_ProcessManagerUtils__1requestShutdown(JNIEnv* env, jobject) {
     return passOn(env, jint{4}, processManagerUtils::requestShutdown);
 }
 
@@ -55,8 +53,8 @@ JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_processmanager_ProcessManagerUti
     return passOn(env, jboolean{JNI_FALSE}, processManagerUtils::signalApplicationIsUnhealthy, process);
 }
 
-JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_processmanager_ProcessManagerUtils__1signalProcessIsReady(
-    JNIEnv* env, jobject, jstring process) {
+JNIEXPORT jboolean JNICALL
+Java_com_kvo_talvern_processmanager_ProcessManagerUtils__1signalProcessIsReady(JNIEnv* env, jobject, jstring process) {
     return passOn(env, jboolean{JNI_FALSE}, processManagerUtils::signalIAmReady, process, false);
 }
 }

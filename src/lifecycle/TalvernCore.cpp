@@ -7,8 +7,7 @@ namespace talvern::bridge {
 
 extern "C" {
 
-JNIEXPORT void JNICALL
-Java_com_kvo_talvern_core_TalvernCore__1initLogging(JNIEnv* env, jobject, jstring name) {
+JNIEXPORT void JNICALL Java_com_kvo_talvern_core_TalvernCore__1initLogging(JNIEnv* env, jobject, jstring name) {
     passOn(env, log::init, name);
 }
 }

@@ -9,8 +9,7 @@ namespace talvern::bridge {
 
 extern "C" {
 
-JNIEXPORT jobjectArray JNICALL
-Java_com_kvo_talvern_appliance_DNSUtils__1getNameServers(JNIEnv* env, jobject) {
+JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_appliance_DNSUtils__1getNameServers(JNIEnv* env, jobject) {
     return passOn(env, jobjectArray{}, nameServers::getNameServers, nullptr);
 }
 
@@ -25,8 +24,7 @@ Java_com_kvo_talvern_appliance_DNSUtils__1setNameServers(JNIEnv* env, jobject, j
     });
 }
 
-JNIEXPORT jobjectArray JNICALL
-Java_com_kvo_talvern_appliance_DNSUtils__1getSearchDomains(JNIEnv* env, jobject) {
+JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_appliance_DNSUtils__1getSearchDomains(JNIEnv* env, jobject) {
     return passOn(env, jobjectArray{}, nameServers::getSearchDomains);
 }
 

@@ -79,13 +79,13 @@ JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_EthernetInterfaces__1setEt
     });
 }
 
-JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_EthernetInterfaces__1clearEthernetInterface(
-    JNIEnv* env, jobject, jstring name) {
+JNIEXPORT jint JNICALL
+Java_com_kvo_talvern_appliance_EthernetInterfaces__1clearEthernetInterface(JNIEnv* env, jobject, jstring name) {
     return passOn(env, interfaceFailure, ethernetInterfaces::clearInterface, name);
 }
 
-JNIEXPORT jobject JNICALL Java_com_kvo_talvern_appliance_EthernetInterfaces__1getEthernetInterfaceStatus(
-    JNIEnv* env, jobject, jstring name) {
+JNIEXPORT jobject JNICALL
+Java_com_kvo_talvern_appliance_EthernetInterfaces__1getEthernetInterfaceStatus(JNIEnv* env, jobject, jstring name) {
     return getStatus(env, name, ethernetInterfaces::getInterfaceStatus);
 }
 
@@ -119,13 +119,13 @@ Java_com_kvo_talvern_appliance_EthernetInterfaces__1addVIPToLoopback(JNIEnv* env
     return passOn(env, interfaceFailure, ethernetInterfaces::addVIPToLoopback, address);
 }
 
-JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_EthernetInterfaces__1removeVIPFromLoopback(
-    JNIEnv* env, jobject, jstring address) {
+JNIEXPORT jint JNICALL
+Java_com_kvo_talvern_appliance_EthernetInterfaces__1removeVIPFromLoopback(JNIEnv* env, jobject, jstring address) {
     return passOn(env, interfaceFailure, ethernetInterfaces::removeVIPFromLoopback, address);
 }
 
-JNIEXPORT jint JNICALL Java_com_kvo_talvern_appliance_EthernetInterfaces__1resetHWAddressImmediate(
-    JNIEnv* env, jobject, jstring name) {
+JNIEXPORT jint JNICALL
+Java_com_kvo_talvern_appliance_EthernetInterfaces__1resetHWAddressImmediate(JNIEnv* env, jobject, jstring name) {
     return passOn(env, interfaceFailure, ethernetInterfaces::resetHWAddressImmediate, name);
 }
 }

@@ -11,8 +11,7 @@ namespace talvern::bridge {
 
 extern "C" {
 
-JNIEXPORT jobjectArray JNICALL
-Java_com_kvo_talvern_appliance_HostsUtils__1getAddresses(JNIEnv* env, jobject) {
+JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_appliance_HostsUtils__1getAddresses(JNIEnv* env, jobject) {
     return entryPoint(env, jobjectArray{}, [&] {
         return toJavaStringArray(env, hostsUtils::getAddresses(), [](const std::string& address) {
             log::trace(7, "Address in JNI is %s", address.c_str());

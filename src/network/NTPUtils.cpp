@@ -7,8 +7,7 @@ namespace talvern::bridge {
 
 extern "C" {
 
-JNIEXPORT jobjectArray JNICALL
-Java_com_kvo_talvern_appliance_NTPUtils__1getTimeServers(JNIEnv* env, jobject) {
+JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_appliance_NTPUtils__1getTimeServers(JNIEnv* env, jobject) {
     return passOn(env, jobjectArray{}, timeServers::getTimeServers, nullptr);
 }
 

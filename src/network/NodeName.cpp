@@ -16,8 +16,7 @@ JNIEXPORT jstring JNICALL Java_com_kvo_talvern_appliance_NodeName__1getNodeName(
     return passOn(env, jstring{}, nodeName::get);
 }
 
-JNIEXPORT jboolean JNICALL
-Java_com_kvo_talvern_appliance_NodeName__1setNodeName(JNIEnv* env, jobject, jstring name) {
+JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_appliance_NodeName__1setNodeName(JNIEnv* env, jobject, jstring name) {
     return passOn(env, jboolean{JNI_FALSE}, nodeName::set, name);
 }
 }

@@ -21,8 +21,7 @@ jobject toJavaHashMap(JNIEnv* env, const types::KeyValPair& attributes, const Ja
 /// says what the list is of, for the message of the exception.
 /// @throws std::runtime_error  one of the pointers is null
 jobjectArray toJavaHashMapArray(
-    JNIEnv* env, const std::vector<types::KeyValPair*>& records, const JavaHashMaps& maps,
-    const char* listName);
+    JNIEnv* env, const std::vector<types::KeyValPair*>& records, const JavaHashMaps& maps, const char* listName);
 
 /// Stores each value under the key with the same index; where a key comes again, its last value stays.
 /// False: the arrays differ in length, and nothing is stored.

@@ -13,8 +13,7 @@ Java_com_kvo_talvern_services_ServicesUtils__1startTest(JNIEnv* env, jobject, js
     return passOn(env, jint{0}, servicesUtils::startTest, name, interval);
 }
 
-JNIEXPORT jint JNICALL
-Java_com_kvo_talvern_services_ServicesUtils__1stopTest(JNIEnv* env, jobject, jstring name) {
+JNIEXPORT jint JNICALL Java_com_kvo_talvern_services_ServicesUtils__1stopTest(JNIEnv* env, jobject, jstring name) {
     return passOn(env, jint{0}, servicesUtils::stopTest, name);
 }
 

@@ -34,8 +34,8 @@ JNIEXPORT jint JNICALL Java_com_kvo_talvern_user_UserUtils__1sshKeyDel(JNIEnv* e
     return passOn(env, exceptionStatus, userManagerUtils::sshKeyDel, name);
 }
 
-JNIEXPORT jboolean JNICALL Java_com_kvo_talvern_user_UserUtils__1changePassword(
-    JNIEnv* env, jobject, jstring name, jstring newPassword) {
+JNIEXPORT jboolean JNICALL
+Java_com_kvo_talvern_user_UserUtils__1changePassword(JNIEnv* env, jobject, jstring name, jstring newPassword) {
     return passOn(env, jboolean{JNI_FALSE}, userManagerUtils::changePasswd, byPassword, name, newPassword);
 }
 

@@ -24,8 +24,7 @@ TEST_F(ApplianceUtilsTest, TracesWhyTheClockWasNotSet) {
     EXPECT_CALL(mockOf<&applianceUtils::setDateTime>(), Call(late, Eq(0))).WillOnce(Return(true));
     EXPECT_EQ(ask("_setDateTime", jlong{late}), "true");
     for (const int errorNumber : {0, 1, 9999}) {
-        EXPECT_CALL(mockOf<&applianceUtils::setDateTime>(), Call(-1, Eq(0)))
-            .WillOnce(deliver<1>(errorNumber, false));
+        EXPECT_CALL(mockOf<&applianceUtils::setDateTime>(), Call(-1, Eq(0))).WillOnce(deliver<1>(errorNumber, false));
         EXPECT_CALL(mockOfTrace(), Call(7, "date/time set failed, err is "s + std::strerror(errorNumber)));
         EXPECT_EQ(ask("_setDateTime", jlong{-1}), "false");
     }
@@ -42,8 +41,8 @@ TEST_F(ApplianceUtilsTest, GivesTheHardwareInfoInItsOrderWithEmptyTextsAsTheyAre
 TEST_F(ApplianceUtilsTest, GivesComponentsInOrderAndNoneForAFailedQuery) {
     using Components = std::vector<applianceUtils::ComponentFirmware>;
     expectRead<&applianceUtils::getComponentInfo>(
-        "_getComponentInfo", Components{{-1, "b"}, {2, ""}, {2147483647, "a"}}, "[-1: b, 2: , 2147483647: a]",
-        "[]", "[]");
+        "_getComponentInfo", Components{{-1, "b"}, {2, ""}, {2147483647, "a"}}, "[-1: b, 2: , 2147483647: a]", "[]",
+        "[]");
 }
 
 TEST_F(ApplianceUtilsTest, ResolvesAndConnects) {
@@ -81,8 +80,7 @@ TEST_F(ApplianceUtilsTest, ReportsAsManyResetErrorsAsFitAndLeavesOtherSlotsAlone
           {1, errors, -1, "[/b: error -1]"},
           {0, errors, 5, "[]"}}) {
         jobjectArray array = env->NewObjectArray(slots, javaClass, earlier);
-        EXPECT_CALL(mockOf<&applianceUtils::deviceRESET>(), Call(testing::IsEmpty()))
-            .WillOnce(deliver(met, status));
+        EXPECT_CALL(mockOf<&applianceUtils::deviceRESET>(), Call(testing::IsEmpty())).WillOnce(deliver(met, status));
         EXPECT_EQ(call("_deviceRESET", array).result.i, status);
         EXPECT_EQ(describe(array), seen);
     }

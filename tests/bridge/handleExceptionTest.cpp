@@ -58,8 +58,7 @@ TEST_F(HandleExceptionTest, GivesAValidationExceptionBothTextsAndTwoTraceLines) 
 }
 
 TEST_F(HandleExceptionTest, GivesAConfigChangeExceptionItsListInOrder) {
-    EXPECT_CALL(mockOfTrace(), Call(3, "ConfigChangeException caught in libtalvern JNI: change failed"))
-        .Times(2);
+    EXPECT_CALL(mockOfTrace(), Call(3, "ConfigChangeException caught in libtalvern JNI: change failed")).Times(2);
 
     for (const Texts& texts : {Texts{}, Texts{"a", "", "b"}}) {
         EXPECT_TRUE(handle(ofConfigChange, ConfigChangeException{7, "t", texts}));

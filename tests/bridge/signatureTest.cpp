@@ -27,8 +27,7 @@ using Texts = const std::vector<std::string>&;
 static_assert(CanPassOn<jint, std::int32_t (*)(), std::int32_t>);
 static_assert(CanPassOn<jboolean, bool (*)(const char*, bool, std::uint32_t), bool, jstring, jboolean, jint>);
 static_assert(CanPassOn<NullIfEmpty, std::string (*)(Texts, std::int64_t), std::string, jobjectArray, jlong>);
-static_assert(
-    CanPassOn<jobjectArray, std::vector<std::string> (*)(int*), std::vector<std::string>, std::nullptr_t>);
+static_assert(CanPassOn<jobjectArray, std::vector<std::string> (*)(int*), std::vector<std::string>, std::nullptr_t>);
 
 static_assert(!CanPassOn<jint, std::int64_t (*)(), std::int64_t>);  // would be cut off
 static_assert(!CanPassOn<jint, bool (*)(), bool>);                  // whether 0 is success or false is open

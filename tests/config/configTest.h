@@ -35,12 +35,9 @@ class ConfigTest : public BridgeTest {
         return callStatic("com/kvo/talvern/testing/Values", method, signature, arguments...);
     }
 
-    static jobject nested(jint levels) {
-        return values("nested", "(I)Lcom/kvo/talvern/config/Value;", levels);
-    }
+    static jobject nested(jint levels) { return values("nested", "(I)Lcom/kvo/talvern/config/Value;", levels); }
     static jobject doubled(jint levels, const std::string& text) {
-        return values(
-            "doubled", "(ILjava/lang/String;)Lcom/kvo/talvern/config/Value;", levels, javaString(text));
+        return values("doubled", "(ILjava/lang/String;)Lcom/kvo/talvern/config/Value;", levels, javaString(text));
     }
     static jobject large(jint count) { return values("large", "(I)Lcom/kvo/talvern/config/Value;", count); }
     static jobject faulty(const char* fault) {
@@ -50,8 +47,7 @@ class ConfigTest : public BridgeTest {
     /// A value of a kind that the bridge does not know.
     static jobject unknown() {
         return callMethod(
-            faulty("unknown kind"), "get", "(Ljava/lang/String;)Lcom/kvo/talvern/config/Value;",
-            javaString("second"));
+            faulty("unknown kind"), "get", "(Ljava/lang/String;)Lcom/kvo/talvern/config/Value;", javaString("second"));
     }
 
     jobject receiver = newObject("com/kvo/talvern/config/ServiceUtils");

@@ -16,8 +16,7 @@ class ServiceUtilsTest : public ConfigTest {};
 
 TEST_F(ServiceUtilsTest, PassesArgumentsOnAndReportsTheCode) {
     const auto state = Service::AdminState{2};
-    EXPECT_CALL(
-        mockOf<&config::Service::createObject>(), Call("type", "parent", "name", NotNull(), state, true))
+    EXPECT_CALL(mockOf<&config::Service::createObject>(), Call("type", "parent", "name", NotNull(), state, true))
         .WillOnce(Return(Code::BUSY));
     EXPECT_EQ(askFor("_createObject", nested(1), 2, true), "BUSY");
     EXPECT_EQ(code(), "BUSY");
@@ -49,15 +48,14 @@ TEST_F(ServiceUtilsTest, AnswersANullValueItselfAndPassesNullForAValueOfUnknownK
     EXPECT_EQ(request("_validateObject", "type", jobject{}).resultText, "NULL_VALUE");
     EXPECT_EQ(code(), "NULL_VALUE");
     EXPECT_EQ(platform::operationCount(), 0U);
-    EXPECT_CALL(mockOf<&config::Service::validateObject>(), Call("type", IsNull()))
-        .WillOnce(Return(Code::IN_USE));
+    EXPECT_CALL(mockOf<&config::Service::validateObject>(), Call("type", IsNull())).WillOnce(Return(Code::IN_USE));
     EXPECT_EQ(request("_validateObject", "type", unknown()).resultText, "IN_USE");
 }
 
 TEST_F(ServiceUtilsTest, GivesTheQueriedTreeWhateverTheCode) {
     EXPECT_CALL(mockOf<&config::Service::queryObject>(), Call("type", "parent", "name", _))
-        .WillOnce(DoAll(
-            [&](auto&, auto&, auto&, auto** tree) { *tree = platform::sampleTree(); }, Return(Code::FAILED)))
+        .WillOnce(
+            DoAll([&](auto&, auto&, auto&, auto** tree) { *tree = platform::sampleTree(); }, Return(Code::FAILED)))
         .WillOnce(Return(Code::OK));
     EXPECT_EQ(askFor("_queryObject"), "{list=[one, null, {}], text=two}");
     EXPECT_EQ(code(), "FAILED");
@@ -100,17 +98,14 @@ TEST_F(ServiceUtilsTest, TakesAStateByItsNumber) {
     EXPECT_CALL(mockOf<&config::Service::setOpState>(), Call("type", "parent", "name", Service::OpState{4}))
         .WillOnce(Return(Code::FAILED));
     EXPECT_EQ(askFor("_setOpState", state), "FAILED");
-    EXPECT_CALL(
-        mockOf<&config::Service::setAdminState>(), Call("type", "parent", "name", Service::AdminState{4}))
+    EXPECT_CALL(mockOf<&config::Service::setAdminState>(), Call("type", "parent", "name", Service::AdminState{4}))
         .WillOnce(Return(Code::OK));
     EXPECT_EQ(askFor("_setAdminState", state), "OK");
     EXPECT_EQ(code(), "OK");
 }
 
 TEST_F(ServiceUtilsTest, RefusesACodeWhoseNameIsNullOrUnknownToJava) {
-    EXPECT_CALL(mockOf<&config::Service::resetObject>(), Call)
-        .WillOnce(Return(Code{10}))
-        .WillOnce(Return(Code{11}));
+    EXPECT_CALL(mockOf<&config::Service::resetObject>(), Call).WillOnce(Return(Code{10})).WillOnce(Return(Code{11}));
     EXPECT_EQ(askFor("_resetObject"), "null");
     EXPECT_THAT(takeThrown(), testing::StartsWith("java.lang.IllegalArgumentException: No enum constant"));
     EXPECT_EQ(askFor("_resetObject"), "null");

@@ -44,8 +44,7 @@ TEST_F(ValueConversionTest, AnyTreeComesBackEqualInTheOrderOfItsKeys) {
     for (jlong number = 0; number < 150; ++number) {
         SCOPED_TRACE(number);
         const LocalFrame frame;
-        auto* pair =
-            static_cast<jobjectArray>(values("random", "(J)[Lcom/kvo/talvern/config/Value;", number));
+        auto* pair = static_cast<jobjectArray>(values("random", "(J)[Lcom/kvo/talvern/config/Value;", number));
         jobject expected = env->GetObjectArrayElement(pair, 1);
         if (expected == nullptr) continue;
         ++trees;
@@ -223,8 +222,7 @@ TEST_F(LargeValueConversionTest, AHundredThousandValuesGoBothWays) {
 }
 
 TEST_F(LargeValueConversionTest, FourMillionValuesAreTheLimitBothWays) {
-    const auto tooMany =
-        "com.kvo.talvern.TalvernException: configuration value with more than 4000000 values";
+    const auto tooMany = "com.kvo.talvern.TalvernException: configuration value with more than 4000000 values";
     ArrayValue list{false};
     list.elements.resize(3'999'999);  // children without a value count as well
     EXPECT_CALL(mockOf<&Service::queryObject>(), Call)
@@ -236,8 +234,7 @@ TEST_F(LargeValueConversionTest, FourMillionValuesAreTheLimitBothWays) {
         EXPECT_EQ(takeThrown(), "");
         send(value);
         EXPECT_EQ(takeThrown(), "");
-        jmethodID add =
-            env->GetMethodID(env->GetObjectClass(value), "add", "(Lcom/kvo/talvern/config/Value;)Z");
+        jmethodID add = env->GetMethodID(env->GetObjectClass(value), "add", "(Lcom/kvo/talvern/config/Value;)Z");
         env->CallBooleanMethod(value, add, nullptr);
         send(value);
         EXPECT_EQ(takeThrown(), tooMany);

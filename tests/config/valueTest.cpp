@@ -56,8 +56,7 @@ TEST(ValueTest, ClonesDeeplyAndDestroysInTheOrderOfKeysAndElements) {
     const auto& copiedList = dynamic_cast<ArrayValue&>(*members.at("b"));
     EXPECT_TRUE(copy->mu && copiedList.mu && members.at("d") == nullptr);
     EXPECT_THAT(
-        copiedList.elements,
-        ElementsAre(NotNull(), IsNull(), Field(&Value::mu, false), Field(&Value::mu, true)));
+        copiedList.elements, ElementsAre(NotNull(), IsNull(), Field(&Value::mu, false), Field(&Value::mu, true)));
     copy.reset();
     EXPECT_THAT(destroyed, inOrder);
 }

@@ -23,9 +23,8 @@ void setFaults(const Names& operationsWithFaults, const std::string& outcome, co
     std::ofstream file{std::getenv("TALVERN_APPLIANCE")};
     file << "{\"faults\": [";
     for (const std::string& operation : operationsWithFaults) {
-        file << (operation == *operationsWithFaults.begin() ? "\n" : ",\n") << R"({"operation": ")"
-             << operation << R"(", "outcome": ")" << outcome << R"(", "text": ")"
-             << (text.empty() ? operation : text) << "\"}";
+        file << (operation == *operationsWithFaults.begin() ? "\n" : ",\n") << R"({"operation": ")" << operation
+             << R"(", "outcome": ")" << outcome << R"(", "text": ")" << (text.empty() ? operation : text) << "\"}";
     }
     file << "]}";
 }
@@ -81,8 +80,7 @@ TEST(KeptFaults, OfEachKindReachJavaAsWhatTheyAre) {
         setFaults(operations, outcome, "planted");
         std::vector<std::string> thrown = thrownByNatives();
         EXPECT_GT(thrown.size(), operations.size());
-        std::erase_if(
-            thrown, [&, &usual = usually](const std::string& one) { return one.empty() || one == usual; });
+        std::erase_if(thrown, [&, &usual = usually](const std::string& one) { return one.empty() || one == usual; });
         EXPECT_THAT(thrown, testing::SizeIs(others));
         EXPECT_THAT(thrown, testing::Each(testing::StartsWith(otherwise)));
     }

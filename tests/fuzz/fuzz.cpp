@@ -45,17 +45,15 @@ jobject anyTree(FuzzedDataProvider& data, int levels) {
     const auto mu = static_cast<jboolean>(data.ConsumeBool());
     const int kind = data.ConsumeIntegralInRange(0, levels > 1 ? 3 : 1);
     if (kind == 0) return nullptr;
-    if (kind == 1)
-        return newObject("com/kvo/talvern/config/SimpleValue", "(Ljava/lang/String;Z)V", anyText(data), mu);
+    if (kind == 1) return newObject("com/kvo/talvern/config/SimpleValue", "(Ljava/lang/String;Z)V", anyText(data), mu);
     const bool isStruct = kind == 2;
-    jobject value = newObject(
-        isStruct ? "com/kvo/talvern/config/StructValue" : "com/kvo/talvern/config/ArrayValue", "(Z)V", mu);
+    jobject value =
+        newObject(isStruct ? "com/kvo/talvern/config/StructValue" : "com/kvo/talvern/config/ArrayValue", "(Z)V", mu);
     jclass javaClass = env->GetObjectClass(value);
     for (int size = data.ConsumeIntegralInRange(0, 4); size > 0; --size) {
         if (isStruct) {
             jmethodID put = env->GetMethodID(
-                javaClass, "put",
-                "(Ljava/lang/String;Lcom/kvo/talvern/config/Value;)Lcom/kvo/talvern/config/Value;");
+                javaClass, "put", "(Ljava/lang/String;Lcom/kvo/talvern/config/Value;)Lcom/kvo/talvern/config/Value;");
             jstring key = anyText(data);
             env->CallObjectMethod(value, put, key, anyTree(data, levels - 1));
         } else {
@@ -86,8 +84,7 @@ void tree(FuzzedDataProvider& data) {
         });
     jobject in = anyTree(data, 6);
     if (in == nullptr) return;
-    const std::vector<jvalue> id{
-        toJvalue(javaString("t")), toJvalue(javaString("p")), toJvalue(javaString("n"))};
+    const std::vector<jvalue> id{toJvalue(javaString("t")), toJvalue(javaString("p")), toJvalue(javaString("n"))};
     std::vector<jvalue> update = id;
     update.insert(update.end(), {toJvalue(in), toJvalue(false)});
     require(invoke(bridgeNative("_updateObject"), update).exception.empty(), "refused");
@@ -97,9 +94,7 @@ void tree(FuzzedDataProvider& data) {
 }  // namespace
 
 extern "C" const char* __asan_default_options();
-extern "C" const char* __asan_default_options() {
-    return "handle_segv=0:detect_leaks=0:alloc_dealloc_mismatch=0";
-}
+extern "C" const char* __asan_default_options() { return "handle_segv=0:detect_leaks=0:alloc_dealloc_mismatch=0"; }
 
 // Loads the bridge, whose ways are counted, before the first input.
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv);

@@ -28,8 +28,7 @@ TEST_F(HardwareStatusUtilsTest, GivesEachListInOrderAndNullForNone) {
     };
     expectRead<&statusUtils::getFanStatus>(
         "_getFanStatus", List<FanStatus>{{"b", "5400 rpm", -1, -1, false}, {"a", "", 0, 0, true}},
-        "[" + sensor("name=b, reading=5400 rpm, ok=false") + ", " + sensor("name=a, reading=, ok=true") +
-            "]");
+        "[" + sensor("name=b, reading=5400 rpm, ok=false") + ", " + sensor("name=a, reading=, ok=true") + "]");
     expectRead<&statusUtils::getTempStatus>(
         "_getTemperatureStatus", List<TempStatus>{{"b", "35 C", -1, -1, -1, false}, {"a", "", 0, 0, 0, true}},
         "[" + sensor("name=b, reading=35 C, ok=false") + ", " + sensor("name=a, reading=, ok=true") + "]");
@@ -54,8 +53,7 @@ TEST_F(HardwareStatusUtilsTest, GivesEachListInOrderAndNullForNone) {
         "RaidVolume{name=c, raidLevel=0, partitions=["
         "RaidPartition{mountPoint=/c, size=7, used=6, fileSystem=, mounted=true}], "
         "ok=true, synchronised=100}]");
-    expectRead<&statusUtils::getCPUUsage>(
-        "_getCPUUsage", List<CPUUsage>{{2, 5}, {2, 9}, {-1, -3}}, "{-1=-3, 2=9}");
+    expectRead<&statusUtils::getCPUUsage>("_getCPUUsage", List<CPUUsage>{{2, 5}, {2, 9}, {-1, -3}}, "{-1=-3, 2=9}");
     expectRead<&statusUtils::getCPUDetailedUsage>("_getCPUDetailedUsage", List<CPUUsage>{{3, 85}}, "{3=85}");
 }
 
@@ -100,8 +98,7 @@ TEST_F(HardwareStatusUtilsTest, NamesTheNullRecordInAListOfDisks) {
          {std::pair{Disks{&disk, nullptr}, std::string{"1"}}, {Disks{nullptr, &disk}, "0"}}) {
         EXPECT_CALL(mockOf<&statusUtils::getRaidPhysDiskStatus>(), Call).WillOnce(deliver(disks));
         EXPECT_EQ(ask("_getRaidPhysicalDiskStatus"), "null");
-        EXPECT_THAT(
-            takeThrown(), testing::EndsWith("null record in the list of physical disks at index " + index));
+        EXPECT_THAT(takeThrown(), testing::EndsWith("null record in the list of physical disks at index " + index));
     }
 }
 
@@ -123,17 +120,14 @@ TEST_F(HardwareStatusUtilsTest, GivesBatteryTimesInMilliseconds) {
           {BatteryStatus{0, 5, -2}, true, "-1 -2000"},
           {BatteryStatus{INT_MAX, 5, 0}, true, "2147483647000 -1"},
           {BatteryStatus{7, 1, 9}, false, "-1 -1"}}) {
-        EXPECT_CALL(mockOf<&statusUtils::getBatteryStatus>(), Call)
-            .Times(2)
-            .WillRepeatedly(deliver(battery, wasRead));
+        EXPECT_CALL(mockOf<&statusUtils::getBatteryStatus>(), Call).Times(2).WillRepeatedly(deliver(battery, wasRead));
         EXPECT_EQ(ask("_getBatteryInstallationTime") + " " + ask("_getBatteryExpirationTime"), seen);
     }
 }
 
 TEST_F(HardwareStatusUtilsTest, GivesTheFlashUnlessTheStatusIsMinusOne) {
     for (const int status : {0, 5, -2, -1}) {
-        EXPECT_CALL(mockOf<&statusUtils::getFlashStatus>(), Call)
-            .WillOnce(deliver(FlashStatus{3, 4}, status));
+        EXPECT_CALL(mockOf<&statusUtils::getFlashStatus>(), Call).WillOnce(deliver(FlashStatus{3, 4}, status));
         EXPECT_EQ(ask("_getFlashStatus"), status == -1 ? "null" : "FlashVolume{size=3, used=4}");
     }
 }

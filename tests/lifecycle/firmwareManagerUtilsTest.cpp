@@ -48,8 +48,7 @@ class FirmwareTest : public BridgeTest {
     FirmwareTest() {
         forget();
         onSleep = nullptr;
-        ON_CALL(mockOf<&firmwareManagerUtils::upgrade>(), Call)
-            .WillByDefault(DoAll(SaveArg<3>(&received), Return(0)));
+        ON_CALL(mockOf<&firmwareManagerUtils::upgrade>(), Call).WillByDefault(DoAll(SaveArg<3>(&received), Return(0)));
     }
 
     /// Brings the bridge back to what it was when it was loaded.
@@ -61,13 +60,9 @@ class FirmwareTest : public BridgeTest {
         native = nullptr;
     }
 
-    jint upgrade(jobject callback) {
-        return call("_upgradeFirmware", "image", true, false, callback).result.i;
-    }
+    jint upgrade(jobject callback) { return call("_upgradeFirmware", "image", true, false, callback).result.i; }
 
-    void report(int done, FwUpgradeCode code = FwUpgradeCode::verifying) {
-        received->progress(done, 2, code);
-    }
+    void report(int done, FwUpgradeCode code = FwUpgradeCode::verifying) { received->progress(done, 2, code); }
 
     static jobject newCallback(const std::string& kind = "") {
         return newObject("com/kvo/talvern/testing/RecordingCallback" + kind);

@@ -24,7 +24,5 @@ void* malloc(std::size_t size) {
 }
 
 /// For this thread, from now on.
-JNIEXPORT void JNICALL Java_com_kvo_talvern_testing_FirstException_useUpMemory(JNIEnv*, jclass) {
-    isUsedUp = true;
-}
+JNIEXPORT void JNICALL Java_com_kvo_talvern_testing_FirstException_useUpMemory(JNIEnv*, jclass) { isUsedUp = true; }
 }

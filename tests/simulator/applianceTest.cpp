@@ -99,11 +99,9 @@ TEST(Library, ExportsWhatTheHeadersDeclareAndNothingElse) {
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> symbols{popen(command.c_str(), "r"), pclose};
     const std::regex declared{"[0-9a-f]* [TDBVW] ((typeinfo|typeinfo name|vtable) for )?talvern::.*"};
     std::size_t count = 0;
-    for (std::array<char, 4096> line{}; std::fgets(line.data(), line.size(), symbols.get()) != nullptr;
-         ++count) {
+    for (std::array<char, 4096> line{}; std::fgets(line.data(), line.size(), symbols.get()) != nullptr; ++count) {
         const std::string symbol{line.data(), std::strcspn(line.data(), "\n")};
-        EXPECT_TRUE(std::regex_match(symbol, declared) && symbol.find("simulated") == std::string::npos)
-            << symbol;
+        EXPECT_TRUE(std::regex_match(symbol, declared) && symbol.find("simulated") == std::string::npos) << symbol;
     }
     EXPECT_GT(count, 113U);
 }

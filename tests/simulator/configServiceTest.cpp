@@ -31,8 +31,7 @@ std::string queried() {
 TEST(ConfigService, CreatesChangesResetsAndDeletes) {
     EXPECT_EQ(create("LogTarget", "", "main", {{"host", "log-1"}}), Code::OK);
     EXPECT_EQ(create("LogTarget", "", "main", {{"host", "log-2"}}), Code::ALREADY_EXISTS);
-    EXPECT_EQ(
-        Service::updateObject("LogTarget", "", "main", valueOf({{"port", "514"}}).get(), true), Code::OK);
+    EXPECT_EQ(Service::updateObject("LogTarget", "", "main", valueOf({{"port", "514"}}).get(), true), Code::OK);
     EXPECT_EQ(
         queried(),
         "<struct>\n"
@@ -58,8 +57,7 @@ TEST(ConfigService, KeepsWhatOthersUse) {
         EXPECT_STREQ(exception.what(), "EthernetInterface eth2 is in use");
         EXPECT_THAT(exception.texts, ElementsAre("LogTarget far", "VirtualAddress shared"));
     }
-    EXPECT_THROW(
-        Service::setAdminState("EthernetInterface", "", "eth2", AdminState::DISABLED), ConfigChangeException);
+    EXPECT_THROW(Service::setAdminState("EthernetInterface", "", "eth2", AdminState::DISABLED), ConfigChangeException);
     EXPECT_EQ(Service::deleteObject("LogTarget", "", "far"), Code::OK);
     EXPECT_EQ(Service::deleteObject("VirtualAddress", "eth2", "shared"), Code::OK);
     EXPECT_EQ(Service::setAdminState("EthernetInterface", "", "eth2", AdminState::DISABLED), Code::OK);

@@ -138,8 +138,7 @@ TEST_F(Kept, NewFileIsMadeWhereALinkLeads) {
     const std::string program = files::read_symlink("/proc/self/exe");
     EXPECT_EQ(
         std::system(
-            ("TALVERN_APPLIANCE=" + link.string() + " " + program + " --gtest_filter=Users.Are* >/dev/null")
-                .c_str()),
+            ("TALVERN_APPLIANCE=" + link.string() + " " + program + " --gtest_filter=Users.Are* >/dev/null").c_str()),
         0);
     EXPECT_TRUE(files::is_symlink(link));
     files::remove(link);
@@ -212,8 +211,7 @@ TEST_F(Kept, EachMemberIsWrittenAsItIsRead) {
 TEST_F(Kept, ValuesKeepFlagsKeysAndEveryCharacter) {
     auto list = std::make_unique<config::ArrayValue>(true);
     list->add(nullptr);
-    list->add(
-        std::make_unique<config::SimpleValue>("\xED\xA0\xBD\xED\xB8\x80 \xC0\x80 \xC3\xA4 \x01\"\\\n", true));
+    list->add(std::make_unique<config::SimpleValue>("\xED\xA0\xBD\xED\xB8\x80 \xC0\x80 \xC3\xA4 \x01\"\\\n", true));
     config::StructValue value{true};
     value.put("@mu", std::move(list));
     value.put("", std::make_unique<config::StructValue>(true));
@@ -261,8 +259,7 @@ TEST_F(Kept, WhatCannotBeReadOrWrittenIsRefusedAndStaysAsItIs) {
         {[] { writeFile("{\"nodeName\": \"a\",\n\"snmp\": {},\n\"nodeName\": \"b\"}"); },
          ":3: there are two members nodeName"},
         {[] { writeFile(std::string(100'000, '[')); }, ":1: is nested too deeply"},
-        {[] { writeFile("{\n\n\"nodeNames\": \"a\"}"); },
-         ":3: nodeNames: is not known here; known are captures, "},
+        {[] { writeFile("{\n\n\"nodeNames\": \"a\"}"); }, ":3: nodeNames: is not known here; known are captures, "},
         {[] { writeFile("{\"hardware\": {\"fans\": [{},\n{\"sped\": 1}]}}"); },
          ":2: hardware.fans[1].sped: is not known here; known are name, reading, speed, minimumSpeed, isOk"},
         {[] { writeFile("{\"hardware\": {\"fans\": [{\"speed\":\n2147483648\n}]}}"); },
@@ -271,10 +268,8 @@ TEST_F(Kept, WhatCannotBeReadOrWrittenIsRefusedAndStaysAsItIs) {
          ":1: hardware.disks[0].revision: must have at most 5 bytes"},
         {[] { writeFile(R"({"hardware": {"disks": [{"wear": 128}]}})"); },
          ":1: hardware.disks[0].wear: must be a whole number from -128 to 127"},
-        {[] { writeFile(R"({"hardware": {"started": -1}})"); },
-         ":1: hardware: started: must not be before 1970"},
-        {[] { writeFile(R"({"hardware": {"intrusion": 7}})"); },
-         ":1: hardware: intrusion: must be 1, 0 or -1"},
+        {[] { writeFile(R"({"hardware": {"started": -1}})"); }, ":1: hardware: started: must not be before 1970"},
+        {[] { writeFile(R"({"hardware": {"intrusion": 7}})"); }, ":1: hardware: intrusion: must be 1, 0 or -1"},
         {[] { writeFile(R"({"inventory": {"components": [{"component": 2147483647}]}})"); },
          ":1: inventory.components[0]: component: must be below 1000000"},
         {[] {
@@ -283,8 +278,7 @@ TEST_F(Kept, WhatCannotBeReadOrWrittenIsRefusedAndStaysAsItIs) {
                  std::string(1001, ']') + "}]}");
          },
          ":1: config[0].value: is nested too deeply"},
-        {[] { writeFile(R"({"logging": {"level": "loud"}})"); },
-         ":1: logging.level: must be one of emergency, alert"},
+        {[] { writeFile(R"({"logging": {"level": "loud"}})"); }, ":1: logging.level: must be one of emergency, alert"},
         {[] { writeFile(R"({"hosts": {"db": []}})"); }, ":1: hosts.db: is no address"},
         {[] { writeFile(R"({"users": [{}]})"); }, ":1: users[0]: name: is missing"},
         {[] { writeFile(R"({"interfaces": {"a": {"type": "vlan", "configuration": {"parent": "a"}}}})"); },
@@ -294,8 +288,7 @@ TEST_F(Kept, WhatCannotBeReadOrWrittenIsRefusedAndStaysAsItIs) {
         {[] { writeFile(R"({"config": [{"type": "ApplicationData", "name": "a", "value": 1}]})"); },
          ":1: config[0].value: must be a text, a list, an object or null"},
         {[] {
-             writeFile(
-                 R"({"config": [{"type": "LogTarget", "name": "a", "value": {"host": "h", "interface": "x"}}]})");
+             writeFile(R"({"config": [{"type": "LogTarget", "name": "a", "value": {"host": "h", "interface": "x"}}]})");
          },
          ":1: config[0]: interface: there is no EthernetInterface x"},
         {[] { writeFile(R"({"faults": [{"operation": "nodeName::gets"}]})"); },
@@ -337,9 +330,7 @@ TEST_F(Kept, ChangeForWhichThereIsNoRoomLeavesTheFileAsItIs) {
         setrlimit(RLIMIT_FSIZE, &limit);
         const std::string refused = refusal([] { nodeName::set("rack-8"); });
         _exit(
-            refused == std::string{file} + ": can't be written: File too large" && nodeName::get() == "rack-7"
-                ? 0
-                : 1);
+            refused == std::string{file} + ": can't be written: File too large" && nodeName::get() == "rack-7" ? 0 : 1);
     });
     EXPECT_EQ(statusOf(process), 0);
     EXPECT_EQ(fileText(), before);
@@ -358,13 +349,11 @@ TEST_F(Kept, EditInPlaceIsSeenAtOnceEvenIfNeitherSizeNorTimeTellsIt) {
 }
 
 std::string addressOf(int process, int number) {
-    return "10." + std::to_string(process) + '.' + std::to_string(number / 256) + '.' +
-           std::to_string(number % 256);
+    return "10." + std::to_string(process) + '.' + std::to_string(number / 256) + '.' + std::to_string(number % 256);
 }
 
 TEST_F(Kept, NoChangeOfTwoProcessesIsLost) {
-    writeFile(
-        R"({"faults": [{"operation": "hostsUtils::setHostnames", "outcome": "failure", "times": 60}]})");
+    writeFile(R"({"faults": [{"operation": "hostsUtils::setHostnames", "outcome": "failure", "times": 60}]})");
     const int changes = scaled(150);
     const auto change = [=](int process) {
         return start([=] {
@@ -420,8 +409,7 @@ TEST_F(Kept, KilledProcessLeavesAWholeFileWithEachAcknowledgedChange) {
 
 TEST_F(Kept, DamagedFileIsReadOrRefusedAndNeverMore) {
     const std::string good = richAppliance();
-    std::istringstream words{
-        R"(null true {} [] "" -1 0.5 1e999 99999999999999999999 "\ud800" "x" , } ] [[[ "@mu")"};
+    std::istringstream words{R"(null true {} [] "" -1 0.5 1e999 99999999999999999999 "\ud800" "x" , } ] [[[ "@mu")"};
     std::vector<std::string> tokens{std::string(3000, '['), std::string(1, '\0'), "\xC0\x80"};
     tokens.insert(tokens.end(), std::istream_iterator<std::string>{words}, {});
     const std::regex token{R"("[^"]*"|true|false|null|-?[0-9]+|[\[\]{},:])"};
@@ -429,11 +417,9 @@ TEST_F(Kept, DamagedFileIsReadOrRefusedAndNeverMore) {
     std::vector<std::pair<std::size_t, std::size_t>> numbers;
     for (std::sregex_iterator found{good.begin(), good.end(), token}, end; found != end; ++found) {
         places.emplace_back(found->position(), found->length());
-        if (found->str().find_first_not_of("-0123456789") == std::string::npos)
-            numbers.push_back(places.back());
+        if (found->str().find_first_not_of("-0123456789") == std::string::npos) numbers.push_back(places.back());
     }
-    const std::vector<std::string> extremes{
-        "2147483647", "-2147483648", "9223372036854775807", "-9223372036854775808"};
+    const std::vector<std::string> extremes{"2147483647", "-2147483648", "9223372036854775807", "-9223372036854775808"};
     std::mt19937 random{7};
     const auto any = [&](std::size_t count) { return random() % count; };
     int refused = 0;
@@ -565,8 +551,7 @@ TEST_F(Kept, FaultsDecideAboutTheNextCalls) {
     EXPECT_EQ(nodeName::get(), "");
     EXPECT_EQ(nodeName::get(), "talvern");
     EXPECT_EQ(nodeName::set("rack-7"), -1);
-    EXPECT_THAT(
-        fileText(), HasSubstr("\"faults\": [{\"operation\": \"nodeName::set\", \"outcome\": \"failure\""));
+    EXPECT_THAT(fileText(), HasSubstr("\"faults\": [{\"operation\": \"nodeName::set\", \"outcome\": \"failure\""));
 
     prepare(R"({"operation": "hostsUtils::getAddresses", "outcome": "validation", "text": "t"},
                {"operation": "snmpUtils::startSNMP", "outcome": "change", "text": "t"},
@@ -616,8 +601,7 @@ TEST_F(Kept, UpgradeThatDiesIsShownAndGoneBackFromByAnotherProcess) {
         return [=](const std::string& text) { return text.find(part) != std::string::npos; };
     };
     pid_t process = upgradeInProcess();
-    EXPECT_THAT(
-        installedOnce(contains("unpacking")), HasSubstr("2.0.img\nfirmware talvern-2.1.img, incomplete: "));
+    EXPECT_THAT(installedOnce(contains("unpacking")), HasSubstr("2.0.img\nfirmware talvern-2.1.img, incomplete: "));
     EXPECT_EQ(upgrade("talvern-2.2-beta.img", true, true, nullptr), busy);
     EXPECT_EQ(rollback(), busy);
     EXPECT_EQ(reflash("talvern-2.0.img"), busy);

@@ -59,9 +59,7 @@ TEST(Diagnostics, KnowTheApplianceAndItsHostsTableWithoutANetwork) {
         EXPECT_EQ(diagnosticUtils::pingHost(host, result), *addresses != '\0') << host;
     }
     for (const auto& [host, reason] :
-         {std::pair{"rack-7", "Connection refused"},
-          {"db", "No route to host"},
-          {"example.com", "Host not found"}}) {
+         {std::pair{"rack-7", "Connection refused"}, {"db", "No route to host"}, {"example.com", "Host not found"}}) {
         std::string error;
         EXPECT_FALSE(diagnosticUtils::tcpConnect(host, 1, error));
         EXPECT_THAT(error, testing::HasSubstr(reason)) << host;
@@ -126,11 +124,8 @@ TEST(EthernetInterfaces, ShowVirtualAddressesWhereTheyAreAdded) {
     EXPECT_NE(ethernet::addVIPToLoopback("10.0.0.91"), 0);
     EXPECT_NE(ethernet::addVIPToLoopback("10.0.0.10"), 0) << "the address of eth0";
     EXPECT_NE(ethernet::addVIPToInterface("eth1", "10.0.0"), 0);
-    EXPECT_THAT(
-        ethernet::getInterface("eth1")->pairs, Contains(Pair("virtualAddresses", "10.0.0.91,2001:db8::91")));
-    EXPECT_THAT(
-        ethernet::getInterfaceStatus("eth1")->details.at(1)->pairs,
-        Contains(Pair("address", "2001:db8::91")));
+    EXPECT_THAT(ethernet::getInterface("eth1")->pairs, Contains(Pair("virtualAddresses", "10.0.0.91,2001:db8::91")));
+    EXPECT_THAT(ethernet::getInterfaceStatus("eth1")->details.at(1)->pairs, Contains(Pair("address", "2001:db8::91")));
     EXPECT_EQ(ethernet::removeVIPFromInterface("eth1", "10.0.0.91"), 0);
     EXPECT_NE(ethernet::removeVIPFromInterface("eth1", "10.0.0.91"), 0);
     EXPECT_EQ(ethernet::removeVIPFromInterface("eth1", "2001:db8::91"), 0);

@@ -68,8 +68,8 @@ class BridgeTest : public testing::Test {
     /// An operation hands out `list`, of which Java sees `seen`; otherwise it has none, or fails.
     template <auto Operation, typename List>
     void expectRead(
-        const std::string& native, const List& list, const std::string& seen,
-        const std::string& seenOfNone = "null", const std::string& seenOfFailure = "null") {
+        const std::string& native, const List& list, const std::string& seen, const std::string& seenOfNone = "null",
+        const std::string& seenOfFailure = "null") {
         for (const auto& [handedOut, wasRead, expected] :
              {std::tuple{list, true, seen}, {List{}, true, seenOfNone}, {list, false, seenOfFailure}}) {
             EXPECT_CALL(mockOf<Operation>(), Call(testing::IsEmpty())).WillOnce(deliver(handedOut, wasRead));

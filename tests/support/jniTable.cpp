@@ -34,8 +34,8 @@ void raise(JNIEnv* env, const char* className, const char* message) {
 std::string nameOf(JNIEnv* env, jclass javaClass) {
     if (javaClass == nullptr || original->ExceptionCheck(env) == JNI_TRUE) return "?";
     original->PushLocalFrame(env, 10);
-    jmethodID getName = original->GetMethodID(
-        env, original->GetObjectClass(env, javaClass), "getName", "()Ljava/lang/String;");
+    jmethodID getName =
+        original->GetMethodID(env, original->GetObjectClass(env, javaClass), "getName", "()Ljava/lang/String;");
     auto* name = static_cast<jstring>(original->CallObjectMethodA(env, javaClass, getName, nullptr));
     original->ExceptionCheck(env);  // lest -Xcheck:jni blames the bridge for this call
     const char* chars = original->GetStringUTFChars(env, name, nullptr);
@@ -82,8 +82,7 @@ struct Hook;
 /// One function of the table: passes the call on unless it is to fail. Not all can: the JVM gives something
 /// back, answers a question or throws whatever else has failed.
 template <
-    typename Result, typename... Arguments, Result (JNICALL* Functions::*Slot)(JNIEnv*, Arguments...),
-    bool CanFail>
+    typename Result, typename... Arguments, Result (JNICALL* Functions::*Slot)(JNIEnv*, Arguments...), bool CanFail>
 struct Hook<Slot, CanFail> {
     template <auto... Others>
     static constexpr bool is = Is<Slot>::template oneOf<Others...>;
@@ -154,13 +153,13 @@ const Functions* hookedTable() {
     using F = Functions;
     hook<
         true, &F::FindClass, &F::GetMethodID, &F::GetStaticMethodID, &F::NewObjectA, &F::CallObjectMethodA,
-        &F::CallBooleanMethodA, &F::CallIntMethodA, &F::CallVoidMethodA, &F::CallStaticObjectMethodA,
-        &F::NewStringUTF, &F::GetStringUTFChars, &F::NewObjectArray, &F::SetObjectArrayElement,
-        &F::NewGlobalRef, &F::PushLocalFrame, &F::GetJavaVM>(table);
+        &F::CallBooleanMethodA, &F::CallIntMethodA, &F::CallVoidMethodA, &F::CallStaticObjectMethodA, &F::NewStringUTF,
+        &F::GetStringUTFChars, &F::NewObjectArray, &F::SetObjectArrayElement, &F::NewGlobalRef, &F::PushLocalFrame,
+        &F::GetJavaVM>(table);
     hook<
         false, &F::ReleaseStringUTFChars, &F::GetArrayLength, &F::GetObjectArrayElement, &F::GetObjectClass,
-        &F::IsInstanceOf, &F::ExceptionDescribe, &F::ExceptionClear, &F::ExceptionCheck, &F::ThrowNew,
-        &F::Throw, &F::DeleteGlobalRef, &F::PopLocalFrame>(table);
+        &F::IsInstanceOf, &F::ExceptionDescribe, &F::ExceptionClear, &F::ExceptionCheck, &F::ThrowNew, &F::Throw,
+        &F::DeleteGlobalRef, &F::PopLocalFrame>(table);
     return &table;
 }
 
@@ -201,8 +200,7 @@ void JniTable::platformCalled() {
 }
 
 std::vector<std::string> JniTable::takeComplaints() {
-    if (!out_.empty())
-        complaints_.push_back(std::to_string(out_.size()) + " UTF buffers were not given back");
+    if (!out_.empty()) complaints_.push_back(std::to_string(out_.size()) + " UTF buffers were not given back");
     out_.clear();
     return std::exchange(complaints_, {});
 }
@@ -214,8 +212,7 @@ bool JniTable::failsSilently(std::string_view function) {
 
 bool JniTable::mustFail(const char* function, std::string detail, bool canFail) {
     const UncountedAllocations uncounted;
-    const bool isHidden =
-        !hiddenClass_.empty() && std::strcmp(function, "FindClass") == 0 && detail == hiddenClass_;
+    const bool isHidden = !hiddenClass_.empty() && std::strcmp(function, "FindClass") == 0 && detail == hiddenClass_;
     calls_.push_back({function, std::move(detail), canFail});
     return canFail && (isHidden || calls_.size() - 1 == failingCall_);
 }
@@ -233,14 +230,12 @@ void JniTable::taken(const char* chars) {
 
 bool JniTable::given(const char* chars) {
     const UncountedAllocations uncounted;
-    const auto buffer =
-        std::find_if(out_.begin(), out_.end(), [&](const Buffer& b) { return b.chars == chars; });
+    const auto buffer = std::find_if(out_.begin(), out_.end(), [&](const Buffer& b) { return b.chars == chars; });
     if (buffer == out_.end()) {
         complaints_.emplace_back("a UTF buffer was given back twice");
         return false;
     }
-    const bool isOldest =
-        std::none_of(out_.begin(), buffer, [](const Buffer& b) { return b.wasHeldOverPlatformCall; });
+    const bool isOldest = std::none_of(out_.begin(), buffer, [](const Buffer& b) { return b.wasHeldOverPlatformCall; });
     if (buffer->wasHeldOverPlatformCall && !isOldest) {
         complaints_.emplace_back("UTF buffers were given back in another order than taken");
     }

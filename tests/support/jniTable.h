@@ -14,8 +14,7 @@ class JniTable {
   public:
     struct Call {
         const char* function;
-        std::string
-            detail;  ///< what was looked up, as "class" or "class.member signature", or the text taken
+        std::string detail;  ///< what was looked up, as "class" or "class.member signature", or the text taken
         bool canFail;
 
         [[nodiscard]] bool isLookup() const;
@@ -43,9 +42,7 @@ class JniTable {
     }
 
     /// The call of `function` with this index among those of the same function answers `object` instead.
-    void answer(const char* function, std::size_t index, jobject object) {
-        answering_ = {function, index, object};
-    }
+    void answer(const char* function, std::size_t index, jobject object) { answering_ = {function, index, object}; }
 
     /// Whether the JVM raises no exception when memory runs out in this function.
     static bool failsSilently(std::string_view function);

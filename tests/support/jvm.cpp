@@ -51,9 +51,7 @@ JNIEnv* javaEnv() {
 
 std::string bridgeLibrary() { return std::string{libraryFolder()} + "/libtalvernjni.so"; }
 
-std::string jvmLog() {
-    return std::string{libraryFolder()} + (isJniChecked() ? "/jvm.log" : "/jvm.unchecked.log");
-}
+std::string jvmLog() { return std::string{libraryFolder()} + (isJniChecked() ? "/jvm.log" : "/jvm.unchecked.log"); }
 
 std::string takeException(JNIEnv* env) {
     jthrowable exception = env->ExceptionOccurred();
@@ -74,8 +72,8 @@ jobjectArray javaStrings(const std::vector<std::string>& texts) {
 }
 
 std::string describe(jobject object) {
-    return toText(callStatic(
-        "com/kvo/talvern/testing/Natives", "describe", "(Ljava/lang/Object;)Ljava/lang/String;", object));
+    return toText(
+        callStatic("com/kvo/talvern/testing/Natives", "describe", "(Ljava/lang/Object;)Ljava/lang/String;", object));
 }
 
 jobject javaConstant(const std::string& className, jint ordinal) {

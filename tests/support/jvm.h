@@ -68,8 +68,8 @@ jobject callMethod(jobject object, const char* method, const char* signature, Ar
 
 /// The object that a static method of the Java class returns.
 template <typename... Arguments>
-jobject callStatic(
-    const std::string& className, const char* method, const std::string& signature, Arguments... arguments) {
+jobject
+callStatic(const std::string& className, const char* method, const std::string& signature, Arguments... arguments) {
     JNIEnv* env = javaEnv();
     jclass javaClass = env->FindClass(className.c_str());
     jmethodID id = env->GetStaticMethodID(javaClass, method, signature.c_str());

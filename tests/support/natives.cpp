@@ -47,8 +47,8 @@ jvalue callFunction(const NativeMethod& native, jobject receiver, std::vector<jv
     }
     ffi_cif interface {};
     ffi_prep_cif(
-        &interface, FFI_DEFAULT_ABI, static_cast<unsigned>(types.size()),
-        foreignType(resultType(native.signature)), types.data());
+        &interface, FFI_DEFAULT_ABI, static_cast<unsigned>(types.size()), foreignType(resultType(native.signature)),
+        types.data());
     union {
         ffi_arg narrow;  // libffi widens results to this
         jvalue value;
@@ -62,8 +62,8 @@ jvalue callFunction(const NativeMethod& native, jobject receiver, std::vector<jv
 std::vector<NativeMethod> list(const std::string& jar, const char* folder, const std::string& library) {
     JNIEnv* env = javaEnv();
     auto* texts = static_cast<jobjectArray>(callStatic(
-        "com/kvo/talvern/testing/Natives", "list",
-        "(Ljava/lang/String;Ljava/lang/String;)[Ljava/lang/String;", javaString(jar), javaString(folder)));
+        "com/kvo/talvern/testing/Natives", "list", "(Ljava/lang/String;Ljava/lang/String;)[Ljava/lang/String;",
+        javaString(jar), javaString(folder)));
     if (const std::string exception = takeException(env); !exception.empty()) {
         throw std::runtime_error{"the native methods can't be listed: " + exception};
     }
@@ -89,8 +89,7 @@ jobject plausibleObject(const std::string& type, std::size_t index) {
     }
     const std::string name = type.substr(1, type.size() - 2);
     if (name == "com/kvo/talvern/config/Value") {
-        return newObject(
-            "com/kvo/talvern/config/SimpleValue", "(Ljava/lang/String;Z)V", javaString("text"), JNI_TRUE);
+        return newObject("com/kvo/talvern/config/SimpleValue", "(Ljava/lang/String;Z)V", javaString("text"), JNI_TRUE);
     }
     if (name == "com/kvo/talvern/firmwaremanager/FirmwareManagerUtils$UpgradeCallback") {
         return newObject("com/kvo/talvern/testing/RecordingCallback");
@@ -101,16 +100,14 @@ jobject plausibleObject(const std::string& type, std::size_t index) {
 /// The native methods are called without their class's constructor, except for the value that `_asXML`
 /// renders.
 jobject receiverOf(const NativeMethod& native) {
-    if (native.className == "com/kvo/talvern/config/Value")
-        return plausibleObject("L" + native.className + ";", 0);
+    if (native.className == "com/kvo/talvern/config/Value") return plausibleObject("L" + native.className + ";", 0);
     return javaEnv()->AllocObject(native.javaClass);
 }
 
 }  // namespace
 
 const std::vector<NativeMethod>& bridgeNatives() {
-    static const std::vector<NativeMethod> natives =
-        list(TALVERN_API_JAR, "com/kvo/talvern/", bridgeLibrary());
+    static const std::vector<NativeMethod> natives = list(TALVERN_API_JAR, "com/kvo/talvern/", bridgeLibrary());
     return natives;
 }
 

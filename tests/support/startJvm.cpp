@@ -33,8 +33,7 @@ JNIEnv* startJvm(std::vector<std::string> options) {
     const auto create = reinterpret_cast<decltype(&JNI_CreateJavaVM)>(dlsym(library, "JNI_CreateJavaVM"));
     std::vector<JavaVMOption> jvmOptions;
     for (std::string& option : options) jvmOptions.push_back({option.data(), nullptr});
-    JavaVMInitArgs arguments{
-        JNI_VERSION_1_8, static_cast<jint>(options.size()), jvmOptions.data(), JNI_FALSE};
+    JavaVMInitArgs arguments{JNI_VERSION_1_8, static_cast<jint>(options.size()), jvmOptions.data(), JNI_FALSE};
     JavaVM* vm = nullptr;
     JNIEnv* env = nullptr;
     if (create == nullptr || create(&vm, reinterpret_cast<void**>(&env), &arguments) != JNI_OK) {

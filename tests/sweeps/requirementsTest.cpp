@@ -31,8 +31,7 @@ class RequirementsTest : public testing::Environment {
         for (std::string line; std::getline(list, line);) listed.insert(line);
         Lines differences;
         std::set_symmetric_difference(
-            listed.begin(), listed.end(), found.begin(), found.end(),
-            std::inserter(differences, differences.end()));
+            listed.begin(), listed.end(), found.begin(), found.end(), std::inserter(differences, differences.end()));
         for (const std::string& line : differences) {  // all of them: a matcher would print the first few
             ADD_FAILURE() << (listed.contains(line) ? "no longer needed: " : "not on record: ") << line
                           << "\nscripts/record rewrites " << file;

@@ -38,12 +38,11 @@ const std::vector<Fault> faults{
     {"bad_alloc", [] { throw std::bad_alloc{}; }, general + "std::bad_alloc"},
     {"an empty what()", [] { throw std::logic_error{""}; }, general},
     {"a what() full of formats", [] { throw std::out_of_range{"%s%n%d%s"}; }, general + "%s%n%d%s"},
-    {"a huge what()", [] { throw std::runtime_error{std::string(100'000, 'w')}; },
-     general + std::string(100'000, 'w')},
+    {"a huge what()", [] { throw std::runtime_error{std::string(100'000, 'w')}; }, general + std::string(100'000, 'w')},
     {"an int", [] { throw 7; }, unknown},
     {"a text", [] { throw "planted"; }, unknown},
-    {"a ValidationException", [] { throw ValidationException("field", "reason"); },
-     general + "validation failed", "com.kvo.talvern.config.ValidationException: field: reason"},
+    {"a ValidationException", [] { throw ValidationException("field", "reason"); }, general + "validation failed",
+     "com.kvo.talvern.config.ValidationException: field: reason"},
     {"a ConfigChangeException",
      [] {
          throw ConfigChangeException(1, "in use", {"a", "b"});
@@ -78,8 +77,8 @@ std::string failureValue(const NativeMethod& native) {
     static const std::map<std::string, std::set<std::string>> numbers{
         {"-1",
          {"_initNodeName", "_getCPUCount", "_getTotalMemory", "_getFreeMemory", "_getUptime",
-          "_getBatteryInstallationTime", "_getBatteryExpirationTime", "_clearIntrusionStatus",
-          "_reflashFirmware", "_upgradeFirmware"}},
+          "_getBatteryInstallationTime", "_getBatteryExpirationTime", "_clearIntrusionStatus", "_reflashFirmware",
+          "_upgradeFirmware"}},
         {"0",
          {"_getPlatformTraceMask", "_rollbackFirmware", "_deletePreviousFirmware", "_stopPacketCapture",
           "_removeCapture", "_startTest", "_stopTest"}},
@@ -176,8 +175,8 @@ class SweepTest : public BridgeTest {
     }
 
     /// Lets the JNI call with the number fail.
-    void attemptWithFailure(
-        const NativeMethod& native, const Fault& condition, std::size_t number, const char* failure) {
+    void
+    attemptWithFailure(const NativeMethod& native, const Fault& condition, std::size_t number, const char* failure) {
         const LocalFrame frame;
         const std::vector<jvalue> arguments = plausibleArguments(native);
         table.restart();
