@@ -25,8 +25,6 @@ class Value {
 
     Value(const Value&) = delete;
     Value& operator=(const Value&) = delete;
-    Value(Value&&) = delete;
-    Value& operator=(Value&&) = delete;
 
     /// The value as XML text, in the platform's format. Provided by the platform library.
     [[nodiscard]] std::string asXML() const;
@@ -62,8 +60,6 @@ class StructValue : public Value {
 
     StructValue(const StructValue&) = delete;
     StructValue& operator=(const StructValue&) = delete;
-    StructValue(StructValue&&) = delete;
-    StructValue& operator=(StructValue&&) = delete;
 
     [[nodiscard]] Value* clone() const override {
         auto copy = std::make_unique<StructValue>(mu);
@@ -91,8 +87,6 @@ class ArrayValue : public Value {
 
     ArrayValue(const ArrayValue&) = delete;
     ArrayValue& operator=(const ArrayValue&) = delete;
-    ArrayValue(ArrayValue&&) = delete;
-    ArrayValue& operator=(ArrayValue&&) = delete;
 
     [[nodiscard]] Value* clone() const override {
         auto copy = std::make_unique<ArrayValue>(mu);

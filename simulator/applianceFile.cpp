@@ -57,8 +57,6 @@ class Descriptor {
     explicit Descriptor(int number) : number_{number} {}
     Descriptor(const Descriptor&) = delete;
     Descriptor& operator=(const Descriptor&) = delete;
-    Descriptor(Descriptor&&) = delete;
-    Descriptor& operator=(Descriptor&&) = delete;
     ~Descriptor() {
         if (number_ >= 0) ::close(number_);
     }

@@ -79,18 +79,12 @@ bool strike(const char* operation) {
     if (!fault) return false;
     std::this_thread::sleep_for(std::chrono::milliseconds{fault->delay});
     switch (fault->outcome) {
-        case Outcome::exception:
-            throw std::runtime_error{fault->text};
-        case Outcome::validation:
-            throw ValidationException{operation, fault->text};
-        case Outcome::change:
-            throw ConfigChangeException{1, fault->text, {operation}};
-        case Outcome::unknown:
-            throw 42;
-        case Outcome::failure:
-            return true;
-        case Outcome::usual:
-            break;
+        case Outcome::exception: throw std::runtime_error{fault->text};
+        case Outcome::validation: throw ValidationException{operation, fault->text};
+        case Outcome::change: throw ConfigChangeException{1, fault->text, {operation}};
+        case Outcome::unknown: throw 42;
+        case Outcome::failure: return true;
+        case Outcome::usual: break;
     }
     return false;
 }

@@ -18,8 +18,6 @@ class Section {
     Section(const char* sectionName, OnReset reset) : name{sectionName}, onReset{reset} {}
     Section(const Section&) = delete;
     Section& operator=(const Section&) = delete;
-    Section(Section&&) = delete;
-    Section& operator=(Section&&) = delete;
 
     /// Gives it the state that a new appliance has.
     virtual void restore() = 0;
@@ -59,8 +57,6 @@ class KeptChange {
     ~KeptChange();
     KeptChange(const KeptChange&) = delete;
     KeptChange& operator=(const KeptChange&) = delete;
-    KeptChange(KeptChange&&) = delete;
-    KeptChange& operator=(KeptChange&&) = delete;
 
     /// Writes the parts into the file, if they have changed.
     void keep();

@@ -35,16 +35,11 @@ std::unique_ptr<Value> withoutChildren(const json::Node* node, std::size_t level
         throw json::Problem{node->line, "is nested too deeply"};
     }
     switch (node->kind) {
-        case json::Kind::null:
-            return nullptr;
-        case json::Kind::text:
-            return std::make_unique<SimpleValue>(node->text, mu);
-        case json::Kind::list:
-            return empty<ArrayValue>(*node, mu, level, unfilled);
-        case json::Kind::object:
-            return empty<StructValue>(*node, mu, level, unfilled);
-        default:
-            throw json::Problem{node->line, "must be a text, a list, an object or null"};
+        case json::Kind::null: return nullptr;
+        case json::Kind::text: return std::make_unique<SimpleValue>(node->text, mu);
+        case json::Kind::list: return empty<ArrayValue>(*node, mu, level, unfilled);
+        case json::Kind::object: return empty<StructValue>(*node, mu, level, unfilled);
+        default: throw json::Problem{node->line, "must be a text, a list, an object or null"};
     }
 }
 

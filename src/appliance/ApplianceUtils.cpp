@@ -6,10 +6,7 @@
 #include <system_error>
 #include <vector>
 
-#include "bridge/entryPoint.h"
-#include "bridge/marshalling.h"
 #include "bridge/passOn.h"
-#include "bridge/utfStrings.h"
 #include "platform/diagnosticUtils.h"
 #include "platform/log.h"
 
@@ -17,31 +14,18 @@ namespace talvern::bridge {
 
 namespace {
 
-/// Creates any number of FileError objects with one lookup.
-class JavaFileErrors {
-  public:
-    explicit JavaFileErrors(JNIEnv* env)
-        : env_{env},
-          class_{findClass(env, "com/kvo/talvern/appliance/FileError")},
-          create_{env, class_},
-          setFile_{env, class_},
-          setError_{env, class_} {}
+using New = Constructor<"()V">;
+using SetFile = Method<"setFile", "(Ljava/lang/String;)V">;
+using SetError = Method<"setError", "(I)V">;
+using JavaFileErrors = JavaClass<"com/kvo/talvern/appliance/FileError", New, SetFile, SetError>;
 
-    [[nodiscard]] jobject of(const applianceUtils::resetFileError& error) const {
-        jstring file = toJavaString(env_, error.file);
-        jobject javaError = create_();
-        setFile_(javaError, file);
-        setError_(javaError, jint{error.error});
-        return javaError;
-    }
-
-  private:
-    JNIEnv* env_;
-    jclass class_;
-    Constructor<"()V"> create_;
-    Method<"setFile", "(Ljava/lang/String;)V"> setFile_;
-    Method<"setError", "(I)V"> setError_;
-};
+jobject toJavaFileError(JNIEnv* env, const JavaFileErrors& java, const applianceUtils::resetFileError& error) {
+    jstring file = toJavaString(env, error.file);
+    jobject javaError = java.call<New>();
+    java.call<SetFile>(javaError, file);
+    java.call<SetError>(javaError, jint{error.error});
+    return javaError;
+}
 
 }  // namespace
 
@@ -194,13 +178,14 @@ JNIEXPORT jint JNICALL
 Java_com_kvo_talvern_appliance_ApplianceUtils__1deviceRESET(JNIEnv* env, jobject, jobjectArray javaErrors) {
     return entryPoint(env, jint{3}, [&] {
         // All that may fail comes first: a reset can't be taken back.
-        const JavaFileErrors javaFileErrors{env};
+        const JavaFileErrors java{env};
         const auto slots = static_cast<std::size_t>(lengthOf(env, javaErrors));
         std::vector<applianceUtils::resetFileError> errors;
         const std::int32_t status = applianceUtils::deviceRESET(errors);
         if (errors.size() > slots) errors.resize(slots);
         jsize index = 0;
-        for (const auto& error : errors) env->SetObjectArrayElement(javaErrors, index++, javaFileErrors.of(error));
+        for (const auto& error : errors)
+            env->SetObjectArrayElement(javaErrors, index++, toJavaFileError(env, java, error));
         return status;
     });
 }

@@ -2,6 +2,8 @@
 
 #include <jni.h>
 
+#include <tuple>
+
 #include "bridge/pendingJavaException.h"
 #include "bridge/signature.h"
 
@@ -92,6 +94,27 @@ class StaticMethod {
     JNIEnv* env_;
     jclass class_;
     jmethodID id_;
+};
+
+/// A Java class and some of its members, looked up once, in their order.
+template <Literal Name, typename... Members>
+class JavaClass {
+  public:
+    explicit JavaClass(JNIEnv* env) : JavaClass{env, findClass(env, Name.text)} {}
+    JavaClass([[maybe_unused]] JNIEnv* env, jclass javaClass)
+        : class_{javaClass}, members_{Members{env, javaClass}...} {}
+
+    [[nodiscard]] jclass get() const { return class_; }
+
+    /// Calls one of the members.
+    template <typename Member, typename... Arguments>
+    auto call(Arguments... arguments) const {
+        return std::get<Member>(members_)(arguments...);
+    }
+
+  private:
+    jclass class_;
+    std::tuple<Members...> members_;
 };
 
 /// Looks the method up on the receiver's own class and calls it once.

@@ -1,7 +1,6 @@
 #include "bridge/marshalling.h"
 
 #include <limits>
-#include <stdexcept>
 
 #include "bridge/utfStrings.h"
 

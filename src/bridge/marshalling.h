@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <iterator>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -40,6 +41,17 @@ jstring elementOf(JNIEnv* env, jobjectArray strings, jsize index);
 /// @throws std::length_error  no Java array can have so many elements
 jsize toJavaSize(std::size_t size);
 
+/// Makes sure that each pointer of a list from the platform leads to a record.
+/// @throws std::runtime_error  one is null; the message names the list and the index
+template <typename Record>
+void requireRecords(const std::vector<Record*>& records, const std::string& listName) {
+    for (std::size_t i = 0; i < records.size(); ++i) {
+        if (records[i] == nullptr) {
+            throw std::runtime_error{"null record in the list of " + listName + " at index " + std::to_string(i)};
+        }
+    }
+}
+
 /// A Java array with one element per entry of `entries`, in order: what `convert` makes of it. `initial`
 /// fills the array before; it stays only where `convert` ends the call.
 template <typename Entries, typename Convert>
@@ -67,31 +79,17 @@ jobjectArray toJavaStringArray(JNIEnv* env, const std::vector<std::string>& text
 /// A `String[]` of the texts, in order; of length 0 if there are none.
 jobjectArray toJavaStringArray(JNIEnv* env, const std::vector<std::string>& texts);
 
-/// The constants of a Java enum, each found by its ordinal.
-class JavaEnumConstants {
-  public:
-    JavaEnumConstants(JNIEnv* env, jobject values) : env_{env}, values_{static_cast<jobjectArray>(notNull(values))} {}
-
-    /// The constant with this ordinal; null, with the JVM's ArrayIndexOutOfBoundsException pending, if
-    /// there is none.
-    [[nodiscard]] jobject at(jint ordinal) const { return env_->GetObjectArrayElement(values_, ordinal); }
-
-  private:
-    JNIEnv* env_;
-    jobjectArray values_;
-};
-
 /// A Java enum whose constants stand in the order of the native enumeration.
 template <Literal Class>
 class JavaEnum {
   public:
-    explicit JavaEnum(JNIEnv* env) : env_{env}, values_{env, findClass(env, Class.text)} {}
+    explicit JavaEnum(JNIEnv* env) : JavaEnum{env, findClass(env, Class.text)} {}
+    JavaEnum(JNIEnv* env, jclass javaClass) : values_{env, javaClass} {}
 
-    /// The constants, from one call of the enum's "values".
-    [[nodiscard]] JavaEnumConstants constants() const { return {env_, values_()}; }
+    /// All constants, each at its ordinal. Beyond them the JVM raises an ArrayIndexOutOfBoundsException.
+    [[nodiscard]] jobjectArray constants() const { return static_cast<jobjectArray>(notNull(values_())); }
 
   private:
-    JNIEnv* env_;
     StaticMethod<"values", Literal{"()[L"} + Class + Literal{";"}> values_;
 };
 

@@ -10,37 +10,31 @@
 #include <type_traits>
 #include <vector>
 
-#include "bridge/entryPoint.h"
-#include "bridge/marshalling.h"
-#include "bridge/utfStrings.h"
+#include "bridge/entryPoint.h"   // IWYU pragma: export
+#include "bridge/marshalling.h"  // IWYU pragma: export
+#include "bridge/utfStrings.h"   // IWYU pragma: export
 
-// Native methods that pass their arguments on to one operation of the platform, and its answer back. How each
-// is converted follows from what the operation declares and what Java has. The compiler refuses what does not
-// fit.
+// Native methods that pass their arguments on to one operation of the platform, and its answer back. How each is
+// converted follows from what the operation declares and what Java has. The compiler refuses what does not fit.
+// Brings the frames, the conversions and the characters of strings along, for the native methods that do more.
 
 namespace talvern::bridge {
+
+template <typename Type, typename... Types>
+concept OneOf = (std::same_as<Type, Types> || ...);
 
 /// Whether an operation's parameter can be made of an argument from Java, or is given by the bridge itself.
 /// Not a reference through which the operation answers.
 template <typename Parameter, typename Argument>
-constexpr bool isPassable = std::same_as<Parameter, Argument>;
+constexpr bool isPassable = std::same_as<Parameter, Argument> ||
+                            (std::same_as<Argument, std::nullptr_t> && std::is_pointer_v<Parameter>) ||
+                            (std::same_as<Argument, jboolean> && std::same_as<Parameter, bool>) ||
+                            (std::same_as<Argument, jint> &&
+                             (std::same_as<Parameter, std::uint32_t> || std::is_enum_v<Parameter>)) ||
+                            (std::same_as<Argument, jstring> && OneOf<Parameter, const char*, std::string>) ||
+                            (std::same_as<Argument, jobjectArray> && std::same_as<Parameter, std::vector<std::string>>);
 template <typename Parameter, typename Argument>
 inline constexpr bool isPassable<const Parameter&, Argument> = isPassable<Parameter, Argument>;
-template <typename Parameter>
-inline constexpr bool isPassable<Parameter*, std::nullptr_t> = true;
-template <>
-inline constexpr bool isPassable<bool, jboolean> = true;
-template <>
-inline constexpr bool isPassable<std::uint32_t, jint> = true;
-template <typename Parameter>
-    requires std::is_enum_v<Parameter>
-inline constexpr bool isPassable<Parameter, jint> = true;
-template <>
-inline constexpr bool isPassable<const char*, jstring> = true;
-template <>
-inline constexpr bool isPassable<std::string, jstring> = true;
-template <>
-inline constexpr bool isPassable<std::vector<std::string>, jobjectArray> = true;
 
 /// In place of UtfStrings where there are no strings: it would cost more than all else.
 struct NoStrings {
@@ -68,13 +62,10 @@ struct NullIfEmpty {};
 
 /// Whether an operation's answer has a meaning where the failure value is a `Failure`.
 template <typename Failure, typename Answer>
-constexpr bool isReturnable = (std::same_as<Failure, jint> &&
-                               (std::same_as<Answer, jint> || std::same_as<Answer, std::uint32_t>)) ||
+constexpr bool isReturnable = (std::same_as<Failure, jint> && OneOf<Answer, jint, std::uint32_t>) ||
                               (std::same_as<Failure, jlong> && std::same_as<Answer, jlong>) ||
-                              (std::same_as<Failure, jboolean> &&
-                               (std::same_as<Answer, bool> || std::same_as<Answer, std::int32_t>)) ||
-                              (std::same_as<Failure, jstring> && std::same_as<Answer, std::string>) ||
-                              (std::same_as<Failure, NullIfEmpty> && std::same_as<Answer, std::string>) ||
+                              (std::same_as<Failure, jboolean> && OneOf<Answer, bool, std::int32_t>) ||
+                              (OneOf<Failure, jstring, NullIfEmpty> && std::same_as<Answer, std::string>) ||
                               (std::same_as<Failure, jobjectArray> && std::same_as<Answer, std::vector<std::string>>);
 
 /// The Java form of an answer: numbers, truths, texts and lists as they are. A status is true exactly when it

@@ -64,24 +64,15 @@ template <typename Argument>
 constexpr bool accepts(std::string_view type) {
     using Plain = std::remove_cvref_t<Argument>;
     switch (type.front()) {
-        case 'Z':
-            return std::same_as<Plain, jboolean> || std::same_as<Plain, bool>;
-        case 'B':
-            return std::same_as<Plain, jbyte>;
-        case 'C':
-            return std::same_as<Plain, jchar>;
-        case 'S':
-            return std::same_as<Plain, jshort>;
-        case 'I':
-            return std::same_as<Plain, jint>;
-        case 'J':
-            return std::same_as<Plain, jlong>;
-        case 'F':
-            return std::same_as<Plain, jfloat>;
-        case 'D':
-            return std::same_as<Plain, jdouble>;
-        default:
-            return std::is_convertible_v<Plain, jobject>;
+        case 'Z': return std::same_as<Plain, jboolean> || std::same_as<Plain, bool>;
+        case 'B': return std::same_as<Plain, jbyte>;
+        case 'C': return std::same_as<Plain, jchar>;
+        case 'S': return std::same_as<Plain, jshort>;
+        case 'I': return std::same_as<Plain, jint>;
+        case 'J': return std::same_as<Plain, jlong>;
+        case 'F': return std::same_as<Plain, jfloat>;
+        case 'D': return std::same_as<Plain, jdouble>;
+        default: return std::is_convertible_v<Plain, jobject>;
     }
 }
 
@@ -99,33 +90,18 @@ constexpr bool acceptsAll() {
 template <Literal Signature, typename... Arguments>
 concept Accepts = acceptsAll<Signature, Arguments...>();
 
-/// One argument as the JNI call routines take it.
-template <typename Argument>
-jvalue toJvalue(Argument argument) {
-    jvalue value{};
-    if constexpr (std::same_as<Argument, bool>) {
-        value.z = argument ? JNI_TRUE : JNI_FALSE;
-    } else if constexpr (std::same_as<Argument, jboolean>) {
-        value.z = argument;
-    } else if constexpr (std::same_as<Argument, jbyte>) {
-        value.b = argument;
-    } else if constexpr (std::same_as<Argument, jchar>) {
-        value.c = argument;
-    } else if constexpr (std::same_as<Argument, jshort>) {
-        value.s = argument;
-    } else if constexpr (std::same_as<Argument, jint>) {
-        value.i = argument;
-    } else if constexpr (std::same_as<Argument, jlong>) {
-        value.j = argument;
-    } else if constexpr (std::same_as<Argument, jfloat>) {
-        value.f = argument;
-    } else if constexpr (std::same_as<Argument, jdouble>) {
-        value.d = argument;
-    } else {
-        value.l = argument;
-    }
-    return value;
-}
+// One argument as the JNI call routines take it.
+
+inline jvalue toJvalue(bool value) { return {.z = value}; }
+inline jvalue toJvalue(jboolean value) { return {.z = value}; }
+inline jvalue toJvalue(jbyte value) { return {.b = value}; }
+inline jvalue toJvalue(jchar value) { return {.c = value}; }
+inline jvalue toJvalue(jshort value) { return {.s = value}; }
+inline jvalue toJvalue(jint value) { return {.i = value}; }
+inline jvalue toJvalue(jlong value) { return {.j = value}; }
+inline jvalue toJvalue(jfloat value) { return {.f = value}; }
+inline jvalue toJvalue(jdouble value) { return {.d = value}; }
+inline jvalue toJvalue(jobject value) { return {.l = value}; }
 
 /// The arguments of one call as the JNI call routines take them. One element is added, since C++ has no
 /// arrays without elements.

@@ -22,8 +22,6 @@ class UtfStrings {
 
     UtfStrings(const UtfStrings&) = delete;
     UtfStrings& operator=(const UtfStrings&) = delete;
-    UtfStrings(UtfStrings&&) = delete;
-    UtfStrings& operator=(UtfStrings&&) = delete;
 
     /// The NUL-terminated modified UTF-8 of `string`, valid until the release.
     /// @throws std::invalid_argument  `string` is null

@@ -2,11 +2,7 @@
 
 #include <jni.h>
 
-#include "bridge/entryPoint.h"
-#include "bridge/javaMembers.h"
-#include "bridge/marshalling.h"
 #include "bridge/passOn.h"
-#include "bridge/utfStrings.h"
 
 namespace talvern::bridge {
 
@@ -23,7 +19,7 @@ jobject toJavaCaptureInfo(JNIEnv* env, const packetCapture::CaptureInfo& info) {
     const JavaVectors vectors{env};
     const JavaInterfaceStates states{env};
     jstring interfaceName = toJavaString(env, info.interfaceName);
-    jobject state = notNull(states.constants().at(info.state));
+    jobject state = notNull(env->GetObjectArrayElement(states.constants(), info.state));
     return create(interfaceName, state, vectors.of(info.files));
 }
 
@@ -35,17 +31,18 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_appliance_PacketCapture__1startPa
     JNIEnv* env, jobject, jstring interfaceName, jstring fileName, jstring filter, jint snapLength, jint maxBytes,
     jint maxSeconds, jint maxPackets) {
     return entryPoint(env, jobject{}, [&] {
-        const JavaEnumConstants states = JavaInterfaceStates{env}.constants();
-        jobject rejection = states.at(packetCapture::invalidArguments);
+        jobjectArray states = JavaInterfaceStates{env}.constants();
+        jobject rejection = env->GetObjectArrayElement(states, packetCapture::invalidArguments);
         UtfStrings utf{env};
         const char* nativeInterfaceName = utf.take(interfaceName);
         const char* nativeFileName = utf.take(fileName);
         const char* nativeFilter = utf.take(filter);
         if (maxBytes < 0 || maxSeconds < 0 || maxPackets < 0) return rejection;
-        return states.at(packetCapture::sStartPacketCapture(
+        const auto state = packetCapture::sStartPacketCapture(
             nativeInterfaceName, nativeFileName, nativeFilter, static_cast<unsigned>(snapLength),
             static_cast<unsigned>(maxBytes), static_cast<unsigned>(maxSeconds), static_cast<unsigned>(maxPackets),
-            false));
+            false);
+        return env->GetObjectArrayElement(states, state);
     });
 }
 

@@ -26,9 +26,13 @@ std::string identifier(UtfStrings& utf, jstring string) { return string == nullp
 
 /// The strings that identify an object. Their characters are taken in this order.
 struct ObjectId {
-    ObjectId(UtfStrings& utf, jstring javaType, jstring javaParent, jstring javaName)
-        : type{identifier(utf, javaType)}, parent{identifier(utf, javaParent)}, name{identifier(utf, javaName)} {}
+    ObjectId(JNIEnv* env, jstring javaType, jstring javaParent, jstring javaName)
+        : utf{env},
+          type{identifier(utf, javaType)},
+          parent{identifier(utf, javaParent)},
+          name{identifier(utf, javaName)} {}
 
+    UtfStrings utf;
     std::string type, parent, name;
 };
 
@@ -52,20 +56,24 @@ jobject requestWithValue(JNIEnv* env, jobject receiver, UtfStrings& utf, jobject
 template <typename Operation>
 jobject changeWhole(JNIEnv* env, jobject receiver, Operation operation, jstring type, jstring parent, jstring name) {
     return changingEntryPoint(env, jobject{}, [&] {
-        UtfStrings utf{env};
-        const ObjectId id{utf, type, parent, name};
-        return report(env, receiver, utf, operation(id.type, id.parent, id.name));
+        ObjectId id{env, type, parent, name};
+        return report(env, receiver, id.utf, operation(id.type, id.parent, id.name));
     });
 }
 
-/// Reads a state; null unless the service gives one.
-template <typename State, typename Read, typename Convert>
-jobject readState(JNIEnv* env, jobject receiver, UtfStrings& utf, Read read, Convert convert) {
-    State state{};
-    const Service::ReturnCode code = read(state);
-    setReturnCode(env, receiver, code);
-    utf.release();
-    return code == success ? convert(env, state) : nullptr;
+/// Reads a state of an object; null unless the service gives one.
+template <typename State, typename Read>
+jobject readState(
+    JNIEnv* env, jobject receiver, Read read, jobject (*convert)(JNIEnv*, State), jstring type, jstring parent,
+    jstring name) {
+    return entryPoint(env, jobject{}, [&] {
+        ObjectId id{env, type, parent, name};
+        State state{};
+        const Service::ReturnCode code = read(id.type, id.parent, id.name, state);
+        setReturnCode(env, receiver, code);
+        id.utf.release();
+        return code == success ? convert(env, state) : nullptr;
+    });
 }
 
 }  // namespace
@@ -76,9 +84,8 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1createObjec
     JNIEnv* env, jobject receiver, jstring type, jstring parent, jstring name, jobject value, jint state,
     jboolean replace) {
     return changingEntryPoint(env, jobject{}, [&] {
-        UtfStrings utf{env};
-        const ObjectId id{utf, type, parent, name};
-        return requestWithValue(env, receiver, utf, value, [&](const Value* tree) {
+        ObjectId id{env, type, parent, name};
+        return requestWithValue(env, receiver, id.utf, value, [&](const Value* tree) {
             return Service::createObject(
                 id.type, id.parent, id.name, tree, Service::AdminState{state}, replace == JNI_TRUE);
         });
@@ -88,9 +95,8 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1createObjec
 JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1updateObject(
     JNIEnv* env, jobject receiver, jstring type, jstring parent, jstring name, jobject value, jboolean merge) {
     return changingEntryPoint(env, jobject{}, [&] {
-        UtfStrings utf{env};
-        const ObjectId id{utf, type, parent, name};
-        return requestWithValue(env, receiver, utf, value, [&](const Value* tree) {
+        ObjectId id{env, type, parent, name};
+        return requestWithValue(env, receiver, id.utf, value, [&](const Value* tree) {
             return Service::updateObject(id.type, id.parent, id.name, tree, merge == JNI_TRUE);
         });
     });
@@ -109,12 +115,11 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1resetObject
 JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1queryObject(
     JNIEnv* env, jobject receiver, jstring type, jstring parent, jstring name) {
     return entryPoint(env, jobject{}, [&] {
-        UtfStrings utf{env};
-        const ObjectId id{utf, type, parent, name};
+        ObjectId id{env, type, parent, name};
         Value* value = nullptr;
         setReturnCode(env, receiver, Service::queryObject(id.type, id.parent, id.name, &value));
         jobject javaValue = convertValue2JValue(env, value);
-        utf.release();
+        id.utf.release();
         return javaValue;
     });
 }
@@ -158,41 +163,29 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1getObjectTy
 
 JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1getAdminState(
     JNIEnv* env, jobject receiver, jstring type, jstring parent, jstring name) {
-    return entryPoint(env, jobject{}, [&] {
-        UtfStrings utf{env};
-        const ObjectId id{utf, type, parent, name};
-        const auto read = [&](auto& state) { return Service::getAdminState(id.type, id.parent, id.name, state); };
-        return readState<Service::AdminState>(env, receiver, utf, read, convertAdminState);
-    });
+    return readState(env, receiver, Service::getAdminState, convertAdminState, type, parent, name);
 }
 
 JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1setAdminState(
     JNIEnv* env, jobject receiver, jstring type, jstring parent, jstring name, jobject javaState) {
     return changingEntryPoint(env, jobject{}, [&] {
-        UtfStrings utf{env};
-        const ObjectId id{utf, type, parent, name};
+        ObjectId id{env, type, parent, name};
         const Service::AdminState state = convertJAdminState(env, javaState);
-        return report(env, receiver, utf, Service::setAdminState(id.type, id.parent, id.name, state));
+        return report(env, receiver, id.utf, Service::setAdminState(id.type, id.parent, id.name, state));
     });
 }
 
 JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1getOpState(
     JNIEnv* env, jobject receiver, jstring type, jstring parent, jstring name) {
-    return entryPoint(env, jobject{}, [&] {
-        UtfStrings utf{env};
-        const ObjectId id{utf, type, parent, name};
-        const auto read = [&](auto& state) { return Service::getOpState(id.type, id.parent, id.name, state); };
-        return readState<Service::OpState>(env, receiver, utf, read, convertOpState);
-    });
+    return readState(env, receiver, Service::getOpState, convertOpState, type, parent, name);
 }
 
 JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1setOpState(
     JNIEnv* env, jobject receiver, jstring type, jstring parent, jstring name, jobject javaState) {
     return entryPoint(env, jobject{}, [&] {
-        UtfStrings utf{env};
-        const ObjectId id{utf, type, parent, name};
+        ObjectId id{env, type, parent, name};
         const Service::OpState state = convertJOpState(env, javaState);
-        return report(env, receiver, utf, Service::setOpState(id.type, id.parent, id.name, state));
+        return report(env, receiver, id.utf, Service::setOpState(id.type, id.parent, id.name, state));
     });
 }
 }

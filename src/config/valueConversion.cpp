@@ -56,43 +56,18 @@ typename Steps::Result convertTree(Steps& steps, typename Steps::Source root) {
     }
 }
 
-/// Members of a Java class, looked up when they are first needed.
-template <typename Members>
-class Lazy {
+/// A Java class and its members, looked up when they are first needed.
+template <Literal Name, typename... Members>
+class LazyClass {
   public:
-    template <typename... Arguments>
-    const Members& get(Arguments... arguments) {
-        if (members_ == nullptr) members_ = std::make_unique<Members>(arguments...);
-        return *members_;
+    template <typename... Class>
+    const JavaClass<Name, Members...>& get(JNIEnv* env, Class... javaClass) {
+        if (class_ == nullptr) class_ = std::make_unique<const JavaClass<Name, Members...>>(env, javaClass...);
+        return *class_;
     }
 
   private:
-    std::unique_ptr<const Members> members_;
-};
-
-// What native values become.
-
-struct NewSimpleValues {
-    explicit NewSimpleValues(JNIEnv* env) : create{env, findClass(env, "com/kvo/talvern/config/SimpleValue")} {}
-
-    Constructor<"(Ljava/lang/String;Z)V"> create;
-};
-
-struct NewStructValues {
-    explicit NewStructValues(JNIEnv* env)
-        : NewStructValues{env, findClass(env, "com/kvo/talvern/config/StructValue")} {}
-    NewStructValues(JNIEnv* env, jclass javaClass) : create{env, javaClass}, put{env, javaClass} {}
-
-    Constructor<"(Z)V"> create;
-    Method<"put", "(Ljava/lang/String;Lcom/kvo/talvern/config/Value;)Lcom/kvo/talvern/config/Value;"> put;
-};
-
-struct NewArrayValues {
-    explicit NewArrayValues(JNIEnv* env) : NewArrayValues{env, findClass(env, "com/kvo/talvern/config/ArrayValue")} {}
-    NewArrayValues(JNIEnv* env, jclass javaClass) : create{env, javaClass}, add{env, javaClass} {}
-
-    Constructor<"(Z)V"> create;
-    Method<"add", "(Lcom/kvo/talvern/config/Value;)Z"> add;
+    std::unique_ptr<const JavaClass<Name, Members...>> class_;
 };
 
 /// The steps from native to Java.
@@ -114,14 +89,14 @@ class ToJava {
 
     jobject begin(const Value* source, std::vector<Container>& open) {
         if (const auto* simple = dynamic_cast<const SimpleValue*>(source)) {
-            const NewSimpleValues& java = simple_.get(env_);
-            return java.create(toJavaString(env_, simple->value), simple->mu);
+            const auto& java = simple_.get(env_);
+            return java.call<NewText>(toJavaString(env_, simple->value), simple->mu);
         }
         if (const auto* structure = dynamic_cast<const StructValue*>(source)) {
-            jobject value = structs_.get(env_).create(structure->mu);
+            jobject value = structs_.get(env_).call<New>(structure->mu);
             open.push_back({value, structure, structure->members.begin(), nullptr, nullptr, 0});
         } else if (const auto* array = dynamic_cast<const ArrayValue*>(source)) {
-            jobject value = arrays_.get(env_).create(array->mu);
+            jobject value = arrays_.get(env_).call<New>(array->mu);
             open.push_back({value, nullptr, {}, nullptr, array, 0});
         }
         return nullptr;
@@ -140,79 +115,29 @@ class ToJava {
 
     void store(const Container& parent, jobject child) {
         if (parent.structure == nullptr) {
-            arrays_.get(env_).add(parent.value, child);
+            arrays_.get(env_).call<Add>(parent.value, child);
         } else {
-            structs_.get(env_).put(parent.value, parent.key, child);
+            structs_.get(env_).call<Put>(parent.value, parent.key, child);
         }
     }
 
     static jobject finish(const Container& container) { return container.value; }
 
   private:
+    using NewText = Constructor<"(Ljava/lang/String;Z)V">;
+    using New = Constructor<"(Z)V">;
+    using Put = Method<"put", "(Ljava/lang/String;Lcom/kvo/talvern/config/Value;)Lcom/kvo/talvern/config/Value;">;
+    using Add = Method<"add", "(Lcom/kvo/talvern/config/Value;)Z">;
+
     JNIEnv* env_;
-    Lazy<NewSimpleValues> simple_;
-    Lazy<NewStructValues> structs_;
-    Lazy<NewArrayValues> arrays_;
+    LazyClass<"com/kvo/talvern/config/SimpleValue", NewText> simple_;
+    LazyClass<"com/kvo/talvern/config/StructValue", New, Put> structs_;
+    LazyClass<"com/kvo/talvern/config/ArrayValue", New, Add> arrays_;
 };
 
-// What is read from Java values. Those of sets, iterators and map entries are looked up on the interfaces:
-// what is looked up on the class of one iterator is not valid on another's. Each object is compared with the
-// interface first: the JVM does not see to it that a method of an interface's type returns one.
-
-struct SimpleValueMembers {
-    SimpleValueMembers(JNIEnv* env, jclass javaClass) : getMU{env, javaClass}, getValue{env, javaClass} {}
-
-    Method<"getMU", "()Z"> getMU;
-    Method<"getValue", "()Ljava/lang/String;"> getValue;
-};
-
-struct ArrayValueMembers {
-    ArrayValueMembers(JNIEnv* env, jclass javaClass) : getMU{env, javaClass}, iterator{env, javaClass} {}
-
-    Method<"getMU", "()Z"> getMU;
-    Method<"iterator", "()Ljava/util/Iterator;"> iterator;
-};
-
-struct StructValueMembers {
-    StructValueMembers(JNIEnv* env, jclass javaClass) : getMU{env, javaClass}, entrySet{env, javaClass} {}
-
-    Method<"getMU", "()Z"> getMU;
-    Method<"entrySet", "()Ljava/util/Set;"> entrySet;
-};
-
-struct SetMembers {
-    explicit SetMembers(JNIEnv* env) : SetMembers{env, findClass(env, "java/util/Set")} {}
-    SetMembers(JNIEnv* env, jclass javaInterface) : javaClass{javaInterface}, iterator{env, javaInterface} {}
-
-    jclass javaClass;
-    Method<"iterator", "()Ljava/util/Iterator;"> iterator;
-};
-
-struct IteratorMembers {
-    explicit IteratorMembers(JNIEnv* env) : IteratorMembers{env, findClass(env, "java/util/Iterator")} {}
-    IteratorMembers(JNIEnv* env, jclass javaInterface)
-        : javaClass{javaInterface}, hasNext{env, javaInterface}, next{env, javaInterface} {}
-
-    jclass javaClass;
-    Method<"hasNext", "()Z"> hasNext;
-    Method<"next", "()Ljava/lang/Object;"> next;
-};
-
-struct EntryMembers {
-    explicit EntryMembers(JNIEnv* env) : EntryMembers{env, findClass(env, "java/util/Map$Entry")} {}
-    EntryMembers(JNIEnv* env, jclass javaInterface)
-        : javaClass{javaInterface},
-          getKey{env, javaInterface},
-          getValue{env, javaInterface},
-          string{findClass(env, "java/lang/String")} {}
-
-    jclass javaClass;
-    Method<"getKey", "()Ljava/lang/Object;"> getKey;
-    Method<"getValue", "()Ljava/lang/Object;"> getValue;
-    jclass string;
-};
-
-/// The steps from Java to native.
+/// The steps from Java to native. Members of sets, iterators and map entries are looked up on the interfaces: what is
+/// looked up on the class of one iterator is not valid on another's. Each object is compared with the interface first:
+/// the JVM does not see to it that a method of an interface's type returns one.
 class ToNative {
   public:
     using Source = jobject;
@@ -235,16 +160,16 @@ class ToNative {
     std::unique_ptr<Value> begin(jobject source, std::vector<Container>& open) {
         if (env_->IsInstanceOf(source, simpleClass_) == JNI_TRUE) return toSimpleValue(source);
         if (env_->IsInstanceOf(source, arrayClass_) == JNI_TRUE) {
-            const ArrayValueMembers& members = array_.get(env_, arrayClass_);
-            const bool mu = members.getMU(source) == JNI_TRUE;
-            jobject iterator = iteratorOf(members, source);
+            const auto& java = array_.get(env_, arrayClass_);
+            const bool mu = java.call<GetMU>(source) == JNI_TRUE;
+            jobject iterator = iteratorOf(java, source);
             open.push_back({std::make_unique<ArrayValue>(mu), false, iterator, nullptr});
         } else if (env_->IsInstanceOf(source, structClass_) == JNI_TRUE) {
-            const StructValueMembers& members = struct_.get(env_, structClass_);
-            const bool mu = members.getMU(source) == JNI_TRUE;
-            jobject entries = required(members.entrySet(source), "null entry set");
-            const SetMembers& set = set_.get(env_);
-            require(entries, set.javaClass, "entry set that is not a set");
+            const auto& java = struct_.get(env_, structClass_);
+            const bool mu = java.call<GetMU>(source) == JNI_TRUE;
+            jobject entries = required(java.call<EntrySet>(source), "null entry set");
+            const auto& set = set_.get(env_);
+            require(entries, set, "entry set that is not a set");
             jobject iterator = iteratorOf(set, entries);
             open.push_back({std::make_unique<StructValue>(mu), true, iterator, nullptr});
         } else {
@@ -254,9 +179,9 @@ class ToNative {
     }
 
     std::optional<jobject> next(Container& parent) {
-        const IteratorMembers& members = iterator_.get(env_);
-        if (members.hasNext(parent.iterator) != JNI_TRUE) return {};
-        jobject element = members.next(parent.iterator);
+        const auto& java = iterator_.get(env_);
+        if (java.call<HasNext>(parent.iterator) != JNI_TRUE) return {};
+        jobject element = java.call<Next>(parent.iterator);
         if (element == nullptr && hasThrown()) return {};  // it might never end otherwise
         return parent.isStruct ? valueOf(element, parent.key) : element;
     }
@@ -273,10 +198,19 @@ class ToNative {
     static std::unique_ptr<Value> finish(Container& container) { return std::move(container.value); }
 
   private:
+    using GetMU = Method<"getMU", "()Z">;
+    using GetText = Method<"getValue", "()Ljava/lang/String;">;
+    using EntrySet = Method<"entrySet", "()Ljava/util/Set;">;
+    using Iterator = Method<"iterator", "()Ljava/util/Iterator;">;
+    using HasNext = Method<"hasNext", "()Z">;
+    using Next = Method<"next", "()Ljava/lang/Object;">;
+    using GetKey = Method<"getKey", "()Ljava/lang/Object;">;
+    using GetValue = Method<"getValue", "()Ljava/lang/Object;">;
+
     std::unique_ptr<Value> toSimpleValue(jobject source) {
-        const SimpleValueMembers& members = simple_.get(env_, simpleClass_);
-        const bool mu = members.getMU(source) == JNI_TRUE;
-        jobject text = required(members.getValue(source), "null value text");
+        const auto& java = simple_.get(env_, simpleClass_);
+        const bool mu = java.call<GetMU>(source) == JNI_TRUE;
+        jobject text = required(java.call<GetText>(source), "null value text");
         auto value = std::make_unique<SimpleValue>(utf_.take(static_cast<jstring>(text)), mu);
         utf_.releaseLast();
         limit_.count(value->value);
@@ -286,25 +220,25 @@ class ToNative {
     /// The value of a map entry. Its key stays taken until the pair is stored.
     jobject valueOf(jobject entry, const char*& key) {
         if (entry == nullptr) throw std::invalid_argument{"null map entry"};
-        const EntryMembers& members = entry_.get(env_);
-        require(entry, members.javaClass, "map entry that is not an entry");
-        jobject javaKey = required(members.getKey(entry), "null value key");
-        require(javaKey, members.string, "value key that is not a string");
+        const auto& java = entry_.get(env_);
+        const auto& string = string_.get(env_);
+        require(entry, java, "map entry that is not an entry");
+        jobject javaKey = required(java.call<GetKey>(entry), "null value key");
+        require(javaKey, string, "value key that is not a string");
         key = utf_.take(static_cast<jstring>(javaKey));
         limit_.count(key);
-        return members.getValue(entry);
+        return java.call<GetValue>(entry);
     }
 
-    template <typename Members>
-    jobject iteratorOf(const Members& members, jobject receiver) {
-        jobject iterator = required(members.iterator(receiver), "null iterator");
-        require(iterator, iterator_.get(env_).javaClass, "iterator that is not an iterator");
+    jobject iteratorOf(const auto& java, jobject receiver) {
+        jobject iterator = required(java.template call<Iterator>(receiver), "null iterator");
+        require(iterator, iterator_.get(env_), "iterator that is not an iterator");
         return iterator;
     }
 
     /// Makes sure of the class of an object from Java: what is called on another would end the JVM.
-    void require(jobject object, jclass javaClass, const char* otherwise) {
-        if (env_->IsInstanceOf(object, javaClass) != JNI_TRUE) throw std::invalid_argument{otherwise};
+    void require(jobject object, const auto& java, const char* otherwise) {
+        if (env_->IsInstanceOf(object, java.get()) != JNI_TRUE) throw std::invalid_argument{otherwise};
     }
 
     /// What a Java method returned. If it returned null, its own exception goes first.
@@ -318,12 +252,13 @@ class ToNative {
 
     JNIEnv* env_;
     jclass simpleClass_, arrayClass_, structClass_;
-    Lazy<SimpleValueMembers> simple_;
-    Lazy<ArrayValueMembers> array_;
-    Lazy<StructValueMembers> struct_;
-    Lazy<SetMembers> set_;
-    Lazy<IteratorMembers> iterator_;
-    Lazy<EntryMembers> entry_;
+    LazyClass<"com/kvo/talvern/config/SimpleValue", GetMU, GetText> simple_;
+    LazyClass<"com/kvo/talvern/config/ArrayValue", GetMU, Iterator> array_;
+    LazyClass<"com/kvo/talvern/config/StructValue", GetMU, EntrySet> struct_;
+    LazyClass<"java/util/Set", Iterator> set_;
+    LazyClass<"java/util/Iterator", HasNext, Next> iterator_;
+    LazyClass<"java/util/Map$Entry", GetKey, GetValue> entry_;
+    LazyClass<"java/lang/String"> string_;
     UtfStrings utf_;  ///< the keys of the members that are being converted, and one text
     TextLimit limit_;
 };

@@ -1,19 +1,53 @@
 #include <jni.h>
 
+#include <array>
 #include <cstdint>
+#include <tuple>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
-#include "bridge/entryPoint.h"
-#include "bridge/marshalling.h"
 #include "bridge/passOn.h"
 #include "hardware/readList.h"
-#include "hardware/sensors.h"
 #include "hardware/storage.h"
 #include "platform/statusUtils.h"
 
 namespace talvern::bridge {
 
 namespace {
+
+// What the Java constructor of each kind of sensor takes behind name, reading and flag: nothing, or six
+// limits.
+
+std::array<jdouble, 0> limitsOf(const statusUtils::FanStatus&) { return {}; }
+std::array<jdouble, 0> limitsOf(const statusUtils::TempStatus&) { return {}; }
+std::array<jdouble, 6> limitsOf(const statusUtils::PowerStatus&) { return {}; }
+std::array<jdouble, 6> limitsOf(const statusUtils::VoltStatus& voltage) {
+    // Crossed on purpose: the record has the maximum first, the Java constructor the minimum.
+    return {static_cast<jdouble>(voltage.minimum), static_cast<jdouble>(voltage.maximum)};
+}
+
+/// A `Sensor[]` of what `read` delivers, in order; null if it fails or there is no sensor.
+template <typename Status>
+jobjectArray readSensors(JNIEnv* env, bool (*read)(std::vector<Status>&)) {
+    constexpr bool hasLimits = !decltype(limitsOf(std::declval<Status>())){}.empty();
+    using Create = std::conditional_t<
+        hasLimits, Constructor<"(Ljava/lang/String;Ljava/lang/String;ZDDDDDD)V">,
+        Constructor<"(Ljava/lang/String;Ljava/lang/String;Z)V">>;
+
+    const std::vector<Status> sensors = readList(read);
+    if (sensors.empty()) return nullptr;
+
+    jclass sensorClass = findClass(env, "com/kvo/talvern/appliance/Sensor");
+    const Create create{env, sensorClass};
+    const Constructor<"()V"> createEmpty{env, sensorClass};
+    return toJavaArray(env, sensorClass, createEmpty(), sensors, [&](const Status& sensor) {
+        jstring name = toJavaString(env, sensor.name);
+        jstring reading = toJavaString(env, sensor.reading);
+        const auto createWith = [&](auto... limits) { return create(name, reading, sensor.isOk, limits...); };
+        return std::apply(createWith, limitsOf(sensor));
+    });
+}
 
 /// A `HashMap` of what `read` delivers; null if it fails or delivers nothing.
 jobject readUsage(JNIEnv* env, bool (*read)(std::vector<statusUtils::CPUUsage>&)) {
@@ -131,10 +165,10 @@ JNIEXPORT jobject JNICALL
 Java_com_kvo_talvern_appliance_HardwareStatusUtils__1getIntrusionStatus(JNIEnv* env, jobject) {
     return entryPoint(env, jobject{}, [&] {
         using IntrusionStatus = JavaEnum<"com/kvo/talvern/appliance/HardwareStatusUtils$IntrusionStatus">;
-        const JavaEnumConstants constants = IntrusionStatus{env}.constants();
+        jobjectArray constants = IntrusionStatus{env}.constants();
         // The constants start at -1. Added without sign: the platform may answer any number.
         const auto state = static_cast<std::uint32_t>(statusUtils::getIntrusionStatus());
-        return constants.at(static_cast<jint>(state + 1));
+        return env->GetObjectArrayElement(constants, static_cast<jint>(state + 1));
     });
 }
 

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "bridge/marshalling.h"
-#include "bridge/requireRecords.h"
 #include "hardware/readList.h"
 #include "platform/statusUtils.h"
 

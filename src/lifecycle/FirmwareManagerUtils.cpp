@@ -4,10 +4,7 @@
 
 #include <unistd.h>
 
-#include "bridge/entryPoint.h"
-#include "bridge/marshalling.h"
 #include "bridge/passOn.h"
-#include "bridge/utfStrings.h"
 #include "lifecycle/FwUpgradeProgressCallback.h"
 
 namespace talvern::bridge {

@@ -38,8 +38,6 @@ class LocalFrame {
     ~LocalFrame() { env_->PopLocalFrame(nullptr); }
     LocalFrame(const LocalFrame&) = delete;
     LocalFrame& operator=(const LocalFrame&) = delete;
-    LocalFrame(LocalFrame&&) = delete;
-    LocalFrame& operator=(LocalFrame&&) = delete;
 
   private:
     JNIEnv* env_;
@@ -58,8 +56,6 @@ class SetAside {
     }
     SetAside(const SetAside&) = delete;
     SetAside& operator=(const SetAside&) = delete;
-    SetAside(SetAside&&) = delete;
-    SetAside& operator=(SetAside&&) = delete;
 
   private:
     JNIEnv* env_;
@@ -72,7 +68,8 @@ struct Classes {
 };
 
 constexpr auto callbackName = "com/kvo/talvern/firmwaremanager/FirmwareManagerUtils$UpgradeCallback";
-constexpr auto codeName = "com/kvo/talvern/firmwaremanager/UpgradeCode";
+constexpr Literal codeName{"com/kvo/talvern/firmwaremanager/UpgradeCode"};
+using UpgradeCodes = JavaEnum<codeName>;
 
 jclass loadClass(JNIEnv* env, jobject loader, std::string name) {
     std::replace(name.begin(), name.end(), '/', '.');
@@ -88,13 +85,13 @@ Classes classesOf(JNIEnv* env, jobject callback) {
     Classes found;
     found.callback = env->FindClass(callbackName);
     if (found.callback != nullptr && env->IsInstanceOf(callback, found.callback) == JNI_TRUE) {
-        found.code = env->FindClass(codeName);
+        found.code = env->FindClass(codeName.text);
         if (found.code != nullptr) return found;
     }
     env->ExceptionClear();
     jobject loader = call<"getClassLoader", "()Ljava/lang/ClassLoader;">(env, classOf(env, callback));
     found.callback = loadClass(env, loader, callbackName);
-    found.code = loadClass(env, loader, codeName);
+    found.code = loadClass(env, loader, codeName.text);
     if (env->IsInstanceOf(callback, found.callback) != JNI_TRUE) throw PendingJavaException{};
     return found;
 }
@@ -104,8 +101,8 @@ void report(JNIEnv* env, jint done, jint total, FwUpgradeCode code) {
     jobject callback = toLocalReference(env);
     const Classes classes = classesOf(env, callback);
     const Method<"progress", "(IILcom/kvo/talvern/firmwaremanager/UpgradeCode;)V"> progress{env, classes.callback};
-    const StaticMethod<"values", "()[Lcom/kvo/talvern/firmwaremanager/UpgradeCode;"> values{env, classes.code};
-    jobject javaCode = notNull(JavaEnumConstants{env, values()}.at(static_cast<jint>(code)));
+    const UpgradeCodes codes{env, classes.code};
+    jobject javaCode = notNull(env->GetObjectArrayElement(codes.constants(), static_cast<jint>(code)));
     progress(callback, done, total, javaCode);
 }
 

@@ -2,8 +2,6 @@
 
 #include <jni.h>
 
-#include "bridge/entryPoint.h"
-#include "bridge/marshalling.h"
 #include "bridge/passOn.h"
 
 namespace talvern::bridge {
@@ -26,7 +24,7 @@ Java_com_kvo_talvern_processmanager_ProcessManagerUtils__1getPlatformLogLevel(JN
             // A bare text, so that Java sees the exception of unknown kind.
             throw "system call failed, please check the trace log for details";
         }
-        return levels.constants().at(static_cast<jint>(level));
+        return env->GetObjectArrayElement(levels.constants(), static_cast<jint>(level));
     });
 }
 

@@ -2,7 +2,9 @@
 
 #include <atomic>
 #include <chrono>
+#include <cstdlib>
 #include <jvmti.h>
+#include <memory>
 #include <thread>
 
 namespace talvern::bridge {
@@ -26,17 +28,7 @@ void JNICALL onVmDeath(jvmtiEnv*, JNIEnv*) {
     }
 }
 
-class ExitWatch {
-  public:
-    ExitWatch() = default;
-    ~ExitWatch() { uses |= endHasBegun; }
-    ExitWatch(const ExitWatch&) = delete;
-    ExitWatch& operator=(const ExitWatch&) = delete;
-    ExitWatch(ExitWatch&&) = delete;
-    ExitWatch& operator=(ExitWatch&&) = delete;
-};
-
-/// Outlives the detacher below: whatever the thread still does then must not attach it again.
+/// Outlives `attached` below: whatever the thread still does then must not attach it again.
 thread_local bool threadEnds = false;
 
 bool isAttached(JavaVM* vm) {
@@ -44,28 +36,17 @@ bool isAttached(JavaVM* vm) {
     return vm->GetEnv(&env, JNI_VERSION_1_8) == JNI_OK;
 }
 
-/// Detaches its thread when that ends: the JVM would keep an attached thread for ever.
-class Detacher {
-  public:
-    Detacher() = default;
-    ~Detacher() {
+struct Detach {
+    void operator()(JavaVM* vm) const {
         threadEnds = true;
         const JvmUse use;
         // Not attached: the JVM is gone, and an older one would block; or someone else has detached it.
-        if (vm_ != nullptr && use.isAllowed() && isAttached(vm_)) vm_->DetachCurrentThread();
+        if (use.isAllowed() && isAttached(vm)) vm->DetachCurrentThread();
     }
-    Detacher(const Detacher&) = delete;
-    Detacher& operator=(const Detacher&) = delete;
-    Detacher(Detacher&&) = delete;
-    Detacher& operator=(Detacher&&) = delete;
-
-    void arm(JavaVM* vm) { vm_ = vm; }
-
-  private:
-    JavaVM* vm_ = nullptr;
 };
 
-thread_local Detacher detacher;
+/// What this thread was attached to here. Detached when the thread ends: the JVM would keep it for ever.
+thread_local std::unique_ptr<JavaVM, Detach> attached;
 
 }  // namespace
 
@@ -93,13 +74,13 @@ void watchEndOf(JavaVM* vm) {
 }
 
 JNIEnv* attachCurrentThread(JavaVM* vm) {
-    // Made by the first report: what the platform made before is destroyed after it.
-    static const ExitWatch watch;
+    // By the first report: what the platform made before is destroyed after it.
+    [[maybe_unused]] static const int watch = std::atexit([] { uses |= endHasBegun; });
     if (threadEnds) return nullptr;
     const bool wasAttached = isAttached(vm);
     void* env = nullptr;
     vm->AttachCurrentThreadAsDaemon(&env, nullptr);
-    if (env != nullptr && !wasAttached) detacher.arm(vm);
+    if (env != nullptr && !wasAttached && attached == nullptr) attached.reset(vm);
     return static_cast<JNIEnv*>(env);
 }
 

@@ -13,8 +13,6 @@ class JvmUse {
     ~JvmUse();
     JvmUse(const JvmUse&) = delete;
     JvmUse& operator=(const JvmUse&) = delete;
-    JvmUse(JvmUse&&) = delete;
-    JvmUse& operator=(JvmUse&&) = delete;
 
     /// Whether the JVM may be called.
     [[nodiscard]] bool isAllowed() const { return isAllowed_; }

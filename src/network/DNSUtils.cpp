@@ -1,7 +1,5 @@
 #include <jni.h>
 
-#include "bridge/entryPoint.h"
-#include "bridge/marshalling.h"
 #include "bridge/passOn.h"
 #include "platform/nameServers.h"
 

@@ -4,10 +4,7 @@
 
 #include <memory>
 
-#include "bridge/entryPoint.h"
-#include "bridge/marshalling.h"
 #include "bridge/passOn.h"
-#include "bridge/utfStrings.h"
 #include "network/keyValPair.h"
 
 namespace talvern::bridge {

@@ -2,8 +2,6 @@
 
 #include <jni.h>
 
-#include "bridge/entryPoint.h"
-#include "bridge/marshalling.h"
 #include "bridge/passOn.h"
 #include "platform/log.h"
 

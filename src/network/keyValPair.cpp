@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "bridge/requireRecords.h"
 #include "bridge/utfStrings.h"
 
 namespace talvern::bridge {

@@ -21,16 +21,11 @@ class OwnError : public std::runtime_error {
 [[noreturn]] void throwNext() {
     static int calls = 0;
     switch (calls++ % 5) {
-        case 0:
-            throw talvern::config::messaging::ValidationException{"first", "second"};
-        case 1:
-            throw talvern::config::messaging::ConfigChangeException{7, "text", {"a", "b"}};
-        case 2:
-            throw std::out_of_range{"standard"};
-        case 3:
-            throw OwnError{"own"};
-        default:
-            throw 42;
+        case 0: throw talvern::config::messaging::ValidationException{"first", "second"};
+        case 1: throw talvern::config::messaging::ConfigChangeException{7, "text", {"a", "b"}};
+        case 2: throw std::out_of_range{"standard"};
+        case 3: throw OwnError{"own"};
+        default: throw 42;
     }
 }
 

@@ -26,8 +26,6 @@ class Reports {
     }
     Reports(const Reports&) = delete;
     Reports& operator=(const Reports&) = delete;
-    Reports(Reports&&) = delete;
-    Reports& operator=(Reports&&) = delete;
 
     void start(UpgradeCallback* target) {
         thread_ = std::thread{[this, target] {
