@@ -108,12 +108,13 @@ class JavaClass {
 
     /// Calls one of the members.
     template <typename Member, typename... Arguments>
+    // NOLINTNEXTLINE(modernize-use-nodiscard): what a method returns does not matter to all
     auto call(Arguments... arguments) const {
         return std::get<Member>(members_)(arguments...);
     }
 
   private:
-    jclass class_;
+    jclass class_{};
     std::tuple<Members...> members_;
 };
 

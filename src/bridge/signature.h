@@ -92,7 +92,7 @@ concept Accepts = acceptsAll<Signature, Arguments...>();
 
 // One argument as the JNI call routines take it.
 
-inline jvalue toJvalue(bool value) { return {.z = value}; }
+inline jvalue toJvalue(bool value) { return {.z = value ? jboolean{JNI_TRUE} : jboolean{JNI_FALSE}}; }
 inline jvalue toJvalue(jboolean value) { return {.z = value}; }
 inline jvalue toJvalue(jbyte value) { return {.b = value}; }
 inline jvalue toJvalue(jchar value) { return {.c = value}; }

@@ -16,17 +16,13 @@ void putAll(JNIEnv* env, const KeyValPair& attributes, const JavaHashMaps& maps,
     }
 }
 
-jobject toJavaHashMap(JNIEnv* env, const KeyValPair& attributes, const JavaHashMaps& maps) {
-    jobject map = maps.create();
-    putAll(env, attributes, maps, map);
-    return map;
-}
-
 jobjectArray toJavaHashMapArray(
     JNIEnv* env, const std::vector<KeyValPair*>& records, const JavaHashMaps& maps, const char* listName) {
     requireRecords(records, listName);
     return toJavaArray(env, maps.javaClass(), maps.create(), records, [&](const KeyValPair* record) {
-        return toJavaHashMap(env, *record, maps);
+        jobject map = maps.create();
+        putAll(env, *record, maps, map);
+        return map;
     });
 }
 

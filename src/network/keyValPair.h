@@ -14,9 +14,6 @@ namespace talvern::bridge {
 /// Puts each attribute of `attributes` into the Java map, in the order of the keys.
 void putAll(JNIEnv* env, const types::KeyValPair& attributes, const JavaHashMaps& maps, jobject map);
 
-/// A new java.util.HashMap of the attributes.
-jobject toJavaHashMap(JNIEnv* env, const types::KeyValPair& attributes, const JavaHashMaps& maps);
-
 /// A Java array with one java.util.HashMap per record, in order; of length 0 if there are none. `listName`
 /// says what the list is of, for the message of the exception.
 /// @throws std::runtime_error  one of the pointers is null

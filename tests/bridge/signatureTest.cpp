@@ -23,10 +23,10 @@ static_assert(!Accepts<"([I)V", jint>);
 static_assert(parameterType("(I[[Ljava/lang/String;J)V", 1) == "[[Ljava/lang/String;");
 static_assert(resultType("(I)[Ljava/util/Map;") == "[Ljava/util/Map;");
 
-using Texts = const std::vector<std::string>&;
+using TextList = const std::vector<std::string>&;
 static_assert(CanPassOn<jint, std::int32_t (*)(), std::int32_t>);
 static_assert(CanPassOn<jboolean, bool (*)(const char*, bool, std::uint32_t), bool, jstring, jboolean, jint>);
-static_assert(CanPassOn<NullIfEmpty, std::string (*)(Texts, std::int64_t), std::string, jobjectArray, jlong>);
+static_assert(CanPassOn<NullIfEmpty, std::string (*)(TextList, std::int64_t), std::string, jobjectArray, jlong>);
 static_assert(CanPassOn<jobjectArray, std::vector<std::string> (*)(int*), std::vector<std::string>, std::nullptr_t>);
 
 static_assert(!CanPassOn<jint, std::int64_t (*)(), std::int64_t>);  // would be cut off
