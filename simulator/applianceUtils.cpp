@@ -29,6 +29,8 @@ void describe(Members& members, resetFileError& error) {
 
 }  // namespace talvern::applianceUtils
 
+namespace talvern::applianceUtils::simulated {
+
 namespace {
 
 using namespace talvern::applianceUtils;
@@ -105,8 +107,6 @@ bool isLocale(std::string_view locale) {
 }
 
 }  // namespace
-
-namespace talvern::applianceUtils::simulated {
 
 std::string getSerialNumber() { return partOf(&Inventory::serialNumber); }
 std::string getMachineType() { return partOf(&Inventory::machineType); }

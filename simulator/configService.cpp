@@ -32,6 +32,8 @@ using Code = Service::ReturnCode;
 using AdminState = Service::AdminState;
 using OpState = Service::OpState;
 
+namespace talvern::config::simulated {
+
 namespace {
 
 struct Key {
@@ -260,8 +262,6 @@ Code changeObject(const Key& key, Action action) {
 }
 
 }  // namespace
-
-namespace talvern::config::simulated {
 
 Code createObject(
     const std::string& type, const std::string& parent, const std::string& name, const Value* value,

@@ -12,6 +12,8 @@
 using asio::ip::tcp;
 namespace hosts = talvern::hostsUtils::simulated;
 
+namespace talvern::diagnosticUtils::simulated {
+
 namespace {
 
 constexpr std::chrono::seconds connectLimit{5};
@@ -45,8 +47,6 @@ asio::error_code connect(const asio::ip::address& address, std::uint16_t port) {
 }
 
 }  // namespace
-
-namespace talvern::diagnosticUtils::simulated {
 
 /// The result is the list of addresses, with spaces between them.
 bool dnsResolve(const std::string& host, std::string& result) {

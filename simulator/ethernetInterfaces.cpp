@@ -11,6 +11,8 @@
 using talvern::types::InterfaceStatus;
 using talvern::types::KeyValPair;
 
+namespace talvern::ethernetInterfaces::simulated {
+
 namespace {
 
 // The statuses of this appliance; 0 is success.
@@ -219,8 +221,6 @@ bool hasAddress(const Interface& interface, const std::string& address) {
 }
 
 }  // namespace
-
-namespace talvern::ethernetInterfaces::simulated {
 
 std::vector<std::string>* getInterfaceNames() {
     return memory.read([](const State& state) {

@@ -50,18 +50,18 @@ void describe(Members& members, Fault& fault) {
     }
 }
 
-auto& memory = Memory<std::vector<Fault>>::make("faults", OnReset::stays);
+auto& faultMemory = Memory<std::vector<Fault>>::make("faults", OnReset::stays);
 
 /// The fault that the operation's next call has, which is one call less from then on.
 std::optional<Fault> next(std::string_view operation) {
     const auto isMeant = [=](const Fault& fault) { return fault.operation == operation; };
     const auto find = [=](auto& faults) { return std::find_if(faults.begin(), faults.end(), isMeant); };
-    std::optional<Fault> fault = memory.read([&](const std::vector<Fault>& faults) {
+    std::optional<Fault> fault = faultMemory.read([&](const std::vector<Fault>& faults) {
         const auto found = find(faults);
         return found == faults.end() ? std::nullopt : std::optional{*found};
     });
     if (!fault || !fault->times) return fault;
-    return memory.change([&](std::vector<Fault>& faults) -> std::optional<Fault> {
+    return faultMemory.change([&](std::vector<Fault>& faults) -> std::optional<Fault> {
         const auto found = find(faults);
         if (found == faults.end()) return std::nullopt;
         std::optional<Fault> taken = *found;

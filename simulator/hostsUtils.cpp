@@ -5,6 +5,8 @@
 #include "memory.h"
 #include "simulated.h"
 
+namespace talvern::hostsUtils::simulated {
+
 namespace {
 
 struct State {
@@ -23,8 +25,6 @@ void toJson(json::Text& out, State& state) { Writer::write(out, state.table); }
 auto& memory = Memory<State>::make("hosts");
 
 }  // namespace
-
-namespace talvern::hostsUtils::simulated {
 
 std::vector<std::string> getAddresses() {
     return memory.read([](const State& state) {

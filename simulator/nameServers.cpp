@@ -4,6 +4,8 @@
 #include "memory.h"
 #include "simulated.h"
 
+namespace talvern::nameServers::simulated {
+
 namespace {
 
 constexpr std::int32_t refused = 6;
@@ -24,8 +26,6 @@ void describe(Members& members, State& state) {
 auto& memory = Memory<State>::make("nameServers");
 
 }  // namespace
-
-namespace talvern::nameServers::simulated {
 
 std::vector<std::string> getNameServers(std::vector<std::string>* companions) {
     return memory.read([&](const State& state) {

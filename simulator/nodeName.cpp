@@ -2,6 +2,8 @@
 #include "memory.h"
 #include "simulated.h"
 
+namespace talvern::nodeName::simulated {
+
 namespace {
 
 constexpr int refused = 6;
@@ -16,8 +18,6 @@ void toJson(json::Text& out, const NodeName& name) { out.addQuoted(name.text); }
 auto& memory = Memory<NodeName>::make("nodeName");
 
 }  // namespace
-
-namespace talvern::nodeName::simulated {
 
 std::int32_t init() {
     memory.change([](NodeName& name) { name = {}; });

@@ -16,6 +16,8 @@ static const auto& namesOf(InterfaceState) {
 
 }  // namespace talvern::packetCapture
 
+namespace talvern::packetCapture::simulated {
+
 namespace {
 
 using talvern::packetCapture::InterfaceState;
@@ -44,8 +46,6 @@ bool isInterface(const std::string& name) {
 }
 
 }  // namespace
-
-namespace talvern::packetCapture::simulated {
 
 // NOLINTBEGIN(performance-unnecessary-value-param): these prototypes are the platform's
 

@@ -4,6 +4,8 @@
 #include "memory.h"
 #include "simulated.h"
 
+namespace talvern::servicesUtils::simulated {
+
 namespace {
 
 constexpr int notFound = 2;
@@ -15,8 +17,6 @@ const std::set<std::string> tests{"database", "network", "storage"};
 auto& memory = Memory<std::set<std::string>>::make("startedTests");
 
 }  // namespace
-
-namespace talvern::servicesUtils::simulated {
 
 std::int32_t startTest(const char* name, std::int32_t interval) {
     if (!tests.contains(name)) return notFound;

@@ -1,6 +1,8 @@
 #include "memory.h"
 #include "simulated.h"
 
+namespace talvern::snmpUtils::simulated {
+
 namespace {
 
 struct State {
@@ -15,8 +17,6 @@ void describe(Members& members, State& state) {
 auto& memory = Memory<State>::make("snmp");
 
 }  // namespace
-
-namespace talvern::snmpUtils::simulated {
 
 bool startSNMP() {
     return memory.change([](State& state) { return !std::exchange(state.isRunning, true); });

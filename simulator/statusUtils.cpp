@@ -123,6 +123,8 @@ static const auto& namesOf(ServiceStatus) {
 
 using namespace talvern::statusUtils;
 
+namespace talvern::statusUtils::simulated {
+
 namespace {
 
 constexpr std::int32_t year = 365 * 24 * 60 * 60;
@@ -297,8 +299,6 @@ bool isOneOf(ServiceStatus service, std::vector<ServiceStatus> State::*running) 
 }
 
 }  // namespace
-
-namespace talvern::statusUtils::simulated {
 
 bool getFanStatus(std::vector<FanStatus>& fans) { return copyTo(fans, &State::fans); }
 

@@ -2,6 +2,8 @@
 #include "memory.h"
 #include "simulated.h"
 
+namespace talvern::timeServers::simulated {
+
 namespace {
 
 constexpr std::int32_t refused = 6;
@@ -16,8 +18,6 @@ void toJson(json::Text& out, State& state) { Writer::write(out, state.servers); 
 auto& memory = Memory<State>::make("timeServers");
 
 }  // namespace
-
-namespace talvern::timeServers::simulated {
 
 std::vector<std::string> getTimeServers(std::vector<std::string>* companions) {
     if (companions != nullptr) companions->clear();  // this appliance keeps nothing beside the servers

@@ -7,6 +7,8 @@
 #include "memory.h"
 #include "simulated.h"
 
+namespace talvern::userManagerUtils::simulated {
+
 namespace {
 
 constexpr int notFound = 2;
@@ -84,8 +86,6 @@ bool isSshKey(const std::string& key) {
 }
 
 }  // namespace
-
-namespace talvern::userManagerUtils::simulated {
 
 // NOLINTBEGIN(performance-unnecessary-value-param): these prototypes are the platform's
 

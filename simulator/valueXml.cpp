@@ -13,28 +13,28 @@ using talvern::config::Value;
 namespace {
 
 /// Values whose elements still lack their content.
-using Unfilled = std::vector<std::pair<const Value*, pugi::xml_node>>;
+using Unwritten = std::vector<std::pair<const Value*, pugi::xml_node>>;
 
-pugi::xml_node append(pugi::xml_node parent, const Value* value, Unfilled& unfilled) {
+pugi::xml_node append(pugi::xml_node parent, const Value* value, Unwritten& unwritten) {
     const char* name = "null";
     if (dynamic_cast<const SimpleValue*>(value) != nullptr) name = "text";
     if (dynamic_cast<const StructValue*>(value) != nullptr) name = "struct";
     if (dynamic_cast<const ArrayValue*>(value) != nullptr) name = "array";
     pugi::xml_node element = parent.append_child(name);
-    if (value != nullptr) unfilled.emplace_back(value, element);
+    if (value != nullptr) unwritten.emplace_back(value, element);
     return element;
 }
 
-void fill(pugi::xml_node element, const Value& value, Unfilled& unfilled) {
+void fill(pugi::xml_node element, const Value& value, Unwritten& unwritten) {
     if (value.mu) element.append_attribute("mu") = true;
     if (const auto* simple = dynamic_cast<const SimpleValue*>(&value)) {
         element.text() = simple->value.c_str();
     } else if (const auto* structure = dynamic_cast<const StructValue*>(&value)) {
         for (const auto& [key, member] : structure->members) {
-            append(element, member, unfilled).prepend_attribute("key") = key.c_str();
+            append(element, member, unwritten).prepend_attribute("key") = key.c_str();
         }
     } else if (const auto* array = dynamic_cast<const ArrayValue*>(&value)) {
-        for (const Value* child : array->elements) append(element, child, unfilled);
+        for (const Value* child : array->elements) append(element, child, unwritten);
     }
 }
 
@@ -42,12 +42,12 @@ void fill(pugi::xml_node element, const Value& value, Unfilled& unfilled) {
 
 std::string Value::asXML() const {
     pugi::xml_document document;
-    Unfilled unfilled;
-    append(document.root(), this, unfilled);
-    while (!unfilled.empty()) {
-        const auto [value, element] = unfilled.back();
-        unfilled.pop_back();
-        fill(element, *value, unfilled);
+    Unwritten unwritten;
+    append(document.root(), this, unwritten);
+    while (!unwritten.empty()) {
+        const auto [value, element] = unwritten.back();
+        unwritten.pop_back();
+        fill(element, *value, unwritten);
     }
     std::ostringstream text;
     document.save(text, "  ", pugi::format_default | pugi::format_no_declaration);
