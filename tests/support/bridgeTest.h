@@ -107,12 +107,3 @@ class BridgeTest : public testing::Test {
     const LocalFrame frame_;
     std::string thrown_;
 };
-
-/// A test with very many JNI calls; runs only where the JVM does not check them. The names of such suites
-/// start with "Large": these tests have a run of their own.
-class LargeTest : public BridgeTest {
-  protected:
-    void SetUp() override {
-        if (isJniChecked()) GTEST_SKIP() << "too many calls for a JVM that checks each";
-    }
-};

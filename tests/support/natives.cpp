@@ -89,7 +89,9 @@ jobject plausibleObject(const std::string& type, std::size_t index) {
     }
     const std::string name = type.substr(1, type.size() - 2);
     if (name == "com/kvo/talvern/config/Value") {
-        return newObject("com/kvo/talvern/config/SimpleValue", "(Ljava/lang/String;Z)V", javaString("text"), JNI_TRUE);
+        return callStatic(  // a list of two structures
+            "com/kvo/talvern/testing/Values", "doubled", "(ILjava/lang/String;)Lcom/kvo/talvern/config/Value;", 2,
+            javaString("text"));
     }
     if (name == "com/kvo/talvern/firmwaremanager/FirmwareManagerUtils$UpgradeCallback") {
         return newObject("com/kvo/talvern/testing/RecordingCallback");
