@@ -1,7 +1,6 @@
 #include "support/jniTable.h"
 
 #include <algorithm>
-#include <cstring>
 #include <dlfcn.h>
 #include <link.h>
 #include <set>
@@ -187,7 +186,6 @@ JniTable::~JniTable() {
 
 void JniTable::restart() {
     calls_.clear();
-    hiddenClass_.clear();
     failingCall_ = static_cast<std::size_t>(-1);
     failure_ = "java/lang/OutOfMemoryError";
 }
@@ -212,9 +210,8 @@ bool JniTable::failsSilently(std::string_view function) {
 
 bool JniTable::mustFail(const char* function, std::string detail, bool canFail) {
     const UncountedAllocations uncounted;
-    const bool isHidden = !hiddenClass_.empty() && std::strcmp(function, "FindClass") == 0 && detail == hiddenClass_;
     calls_.push_back({function, std::move(detail), canFail});
-    return canFail && (isHidden || calls_.size() - 1 == failingCall_);
+    return canFail && calls_.size() - 1 == failingCall_;
 }
 
 jobject JniTable::takeAnswer(std::string_view function) {

@@ -31,9 +31,6 @@ class JniTable {
     /// Forgets the calls and the planned failures. Buffers that are still out stay on the account.
     void restart();
 
-    /// FindClass finds no class of this name.
-    void hideClass(std::string name) { hiddenClass_ = std::move(name); }
-
     /// The call with this index in `calls` fails as in the JVM: a lookup with its error, any other call with
     /// `failure`, as if memory had run out or the called Java code had thrown it.
     void failCall(std::size_t index, const char* failure = "java/lang/OutOfMemoryError") {
@@ -80,7 +77,6 @@ class JniTable {
     std::vector<Call> calls_;
     std::vector<Buffer> out_;
     std::vector<std::string> complaints_;
-    std::string hiddenClass_;
     std::size_t failingCall_ = static_cast<std::size_t>(-1);
     const char* failure_ = "java/lang/OutOfMemoryError";
     Answer answering_;
