@@ -60,10 +60,7 @@ void record(JNIEnv* env, const char* kind, jclass javaClass, const std::string& 
 using Functions = JNINativeInterface_;
 
 template <auto Slot>
-struct Is {
-    template <auto... Others>
-    static constexpr bool oneOf = (std::is_same_v<Is<Slot>, Is<Others>> || ...);
-};
+struct Id;
 
 /// The name of a function of the table, which stands behind the last colon of this function's own.
 template <auto Slot>
@@ -84,7 +81,7 @@ template <
     typename Result, typename... Arguments, Result (JNICALL* Functions::*Slot)(JNIEnv*, Arguments...), bool CanFail>
 struct Hook<Slot, CanFail> {
     template <auto... Others>
-    static constexpr bool is = Is<Slot>::template oneOf<Others...>;
+    static constexpr bool is = (std::is_same_v<Id<Slot>, Id<Others>> || ...);
     static constexpr bool isLookup = is<&Functions::GetMethodID, &Functions::GetStaticMethodID>;
 
     static Result JNICALL call(JNIEnv* env, Arguments... arguments) {
@@ -128,15 +125,10 @@ struct Hook<Slot, CanFail> {
             if constexpr (is<&Functions::FindClass>) record(env, "class", result, {});
             if constexpr (isLookup) {
                 const char* kind = is<&Functions::GetMethodID> ? "method" : "static";
-                if (result != nullptr) {
-                    record(
-                        env, kind, std::get<0>(given),
-                        std::string{" "} + std::get<1>(given) + " " + std::get<2>(given));
-                }
+                const std::string member = std::string{" "} + std::get<1>(given) + " " + std::get<2>(given);
+                if (result != nullptr) record(env, kind, std::get<0>(given), member);
             }
-            if constexpr (is<&Functions::GetStringUTFChars>) {
-                if (result != nullptr) current->taken(result);
-            }
+            if constexpr (is<&Functions::GetStringUTFChars>) current->taken(result);
             return result;
         }
     }
@@ -221,6 +213,7 @@ jobject JniTable::takeAnswer(std::string_view function) {
 
 void JniTable::taken(const char* chars) {
     const UncountedAllocations uncounted;
+    if (chars == nullptr) return;
     out_.push_back({chars, false});
     calls_.back().detail = chars;
 }

@@ -64,9 +64,9 @@ Record plausibleRecord() {
 }
 
 template <typename Type>
-concept List = requires {
-    std::is_same_v<Type, std::vector<typename Type::value_type>>;
-};
+constexpr bool isList = false;
+template <typename Element>
+constexpr bool isList<std::vector<Element>> = true;
 
 /// What the platform answers or hands out where no test says otherwise; made from the type alone.
 template <typename Type>
@@ -77,16 +77,19 @@ Type plausible() {
         return isEmpty ? "" : "text";
     } else if constexpr (std::is_same_v<Type, std::map<std::string, std::string>>) {
         return {{"mtu", "1500"}, {"name", "eth0"}};
-    } else if constexpr (List<Type>) {
+    } else if constexpr (isList<Type>) {
         using Element = typename Type::value_type;
         return isEmpty ? Type{} : Type{plausible<Element>(), plausible<Element>()};
     } else if constexpr (std::is_same_v<Type, talvern::config::Value*>) {
         return isEmpty ? nullptr : sampleTree();
     } else if constexpr (std::is_pointer_v<Type>) {
         using Target = std::remove_pointer_t<Type>;
-        if constexpr (List<Target>) return isEmpty ? nullptr : new Target{plausible<Target>()};  // the bridge's
-        static auto kept = plausible<Target>();
-        return isEmpty ? nullptr : &kept;
+        if constexpr (isList<Target>) {
+            return isEmpty ? nullptr : new Target{plausible<Target>()};  // the bridge's to delete
+        } else {
+            static auto kept = plausible<Target>();
+            return isEmpty ? nullptr : &kept;
+        }
     } else if constexpr (std::is_trivial_v<Type>) {
         return Type{};  // a status of 0, too
     } else if constexpr (!std::is_void_v<Type>) {

@@ -36,11 +36,8 @@ const std::string refused = general + "change failed";
 const std::vector<Fault> faults{
     {"a standard exception", [] { throw std::runtime_error{"planted"}; }, general + "planted"},
     {"bad_alloc", [] { throw std::bad_alloc{}; }, general + "std::bad_alloc"},
-    {"an empty what()", [] { throw std::logic_error{""}; }, general},
     {"a what() full of formats", [] { throw std::out_of_range{"%s%n%d%s"}; }, general + "%s%n%d%s"},
-    {"a huge what()", [] { throw std::runtime_error{std::string(100'000, 'w')}; }, general + std::string(100'000, 'w')},
     {"an int", [] { throw 7; }, unknown},
-    {"a text", [] { throw "planted"; }, unknown},
     {"a ValidationException", [] { throw ValidationException("field", "reason"); }, general + "validation failed",
      "com.kvo.talvern.config.ValidationException: field: reason"},
     {"a ConfigChangeException",
@@ -161,9 +158,8 @@ class SweepTest : public BridgeTest {
     /// Attempts a call with arguments of which some are null; `isAnswered` if the contract has an answer for
     /// it.
     void attemptWithNull(
-        const NativeMethod& native, const std::string& what, const std::string& kind,
-        const std::vector<jvalue>& arguments, bool isAnswered) {
-        SCOPED_TRACE("null as " + what);
+        const NativeMethod& native, const std::string& kind, const std::vector<jvalue>& arguments, bool isAnswered) {
+        SCOPED_TRACE("null " + kind);
         const Outcome outcome = attempt(native, arguments);
         if (isAnswered) {
             EXPECT_EQ(outcome.exception, "");
@@ -218,36 +214,26 @@ TEST_F(SweepTest, EveryPlatformExceptionReachesJava) {
     });
 }
 
-/// Every reference argument and every element of an array is null, alone and all at once: an exception that
-/// says so and no call of the platform, or the answer that the contract gives.
+/// Every reference argument is null, and an element of every array: an exception that says so and no call of the
+/// platform, or the answer that the contract gives.
 TEST_F(SweepTest, EveryNullArgumentIsAnswered) {
     forEach({{"nothing", nullptr, ""}}, [&](const NativeMethod& native, const Fault&) {
-        std::vector<std::size_t> references;
-        bool allAnswered = true;
         for (std::size_t i = 0; i < bridge::parameterCount(native.signature); ++i) {
             const std::string_view type = bridge::parameterType(native.signature, i);
             if (type.front() != 'L' && type.front() != '[') continue;
             const LocalFrame frame;
-            references.push_back(i);
-            allAnswered = allAnswered && acceptsNull(native, i);
-            const std::string argument = "argument " + std::to_string(i + 1);
+            SCOPED_TRACE("argument " + std::to_string(i + 1));
             std::vector<jvalue> arguments = plausibleArguments(native);
-            for (jsize element = 0; type == "[Ljava/lang/String;" && element < 2; ++element) {
-                const std::vector<jvalue> withNull = plausibleArguments(native);
-                env->SetObjectArrayElement(static_cast<jobjectArray>(withNull[i].l), element, nullptr);
-                attemptWithNull(native, "element of " + argument, "array element", withNull, false);
+            if (type == "[Ljava/lang/String;") {
+                env->SetObjectArrayElement(static_cast<jobjectArray>(arguments[i].l), 1, nullptr);
+                attemptWithNull(native, "array element", arguments, false);
             }
             arguments[i].l = nullptr;
             const char* kind = type == "Ljava/lang/String;" ? "string argument"
                                : type.front() == '['        ? "array argument"
                                                             : "state argument";
-            attemptWithNull(native, argument, kind, arguments, acceptsNull(native, i));
+            attemptWithNull(native, kind, arguments, acceptsNull(native, i));
         }
-        if (references.size() < 2) return;
-        const LocalFrame frame;
-        std::vector<jvalue> arguments = plausibleArguments(native);
-        for (const std::size_t i : references) arguments[i].l = nullptr;
-        attemptWithNull(native, "every argument", "", arguments, allAnswered);
     });
 }
 
