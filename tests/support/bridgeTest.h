@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <gmock/gmock.h>
 #include <string>
 #include <vector>
@@ -44,15 +43,6 @@ class BridgeTest : public testing::Test {
 
     /// The Java exception of the last call as "class: message"; empty if there was none.
     std::string takeThrown() { return std::exchange(thrown_, {}); }
-
-    /// The names of those of the bridge's JNI calls that `wanted` lists, in their order.
-    [[nodiscard]] Texts callsOf(const Texts& wanted) const {
-        Texts names;
-        for (const JniTable::Call& made : table.calls()) {
-            if (std::ranges::count(wanted, made.function) > 0) names.emplace_back(made.function);
-        }
-        return names;
-    }
 
     /// What must hold after each call: the result is of the class that it must be of, and all buffers and all
     /// memory are given back, but for the callback of the first upgrade.

@@ -182,13 +182,6 @@ void JniTable::restart() {
     failure_ = "java/lang/OutOfMemoryError";
 }
 
-void JniTable::note(const char* event) { calls_.push_back({event, {}, false}); }
-
-void JniTable::platformCalled() {
-    note("platform");
-    for (Buffer& buffer : out_) buffer.wasHeldOverPlatformCall = true;
-}
-
 std::vector<std::string> JniTable::takeComplaints() {
     if (!out_.empty()) complaints_.push_back(std::to_string(out_.size()) + " UTF buffers were not given back");
     out_.clear();
@@ -214,21 +207,18 @@ jobject JniTable::takeAnswer(std::string_view function) {
 void JniTable::taken(const char* chars) {
     const UncountedAllocations uncounted;
     if (chars == nullptr) return;
-    out_.push_back({chars, false});
+    out_.push_back(chars);
     calls_.back().detail = chars;
 }
 
 bool JniTable::given(const char* chars) {
     const UncountedAllocations uncounted;
-    const auto buffer = std::find_if(out_.begin(), out_.end(), [&](const Buffer& b) { return b.chars == chars; });
+    const auto buffer = std::ranges::find(out_, chars);
     if (buffer == out_.end()) {
         complaints_.emplace_back("a UTF buffer was given back twice");
         return false;
     }
-    const bool isOldest = std::none_of(out_.begin(), buffer, [](const Buffer& b) { return b.wasHeldOverPlatformCall; });
-    if (buffer->wasHeldOverPlatformCall && !isOldest) {
-        complaints_.emplace_back("UTF buffers were given back in another order than taken");
-    }
+    calls_.back().detail = chars;
     out_.erase(buffer);
     return true;
 }

@@ -14,7 +14,8 @@ class JniTable {
   public:
     struct Call {
         const char* function;
-        std::string detail;  ///< what was looked up, as "class" or "class.member signature", or the text taken
+        std::string
+            detail;  ///< what was looked up, as "class" or "class.member signature", or the text taken or given back
         bool canFail;
 
         [[nodiscard]] bool isLookup() const;
@@ -45,13 +46,9 @@ class JniTable {
     static bool failsSilently(std::string_view function);
 
     /// Puts something else that happens among the calls.
-    void note(const char* event);
+    void note(const char* event) { mustFail(event, {}, false); }
 
-    /// Notes that the platform runs, and which buffers are out: these must come back in the order taken.
-    void platformCalled();
-
-    /// What is wrong with the buffers: not given back, given back twice, in another order than taken. Starts
-    /// a new account.
+    /// What is wrong with the buffers: not given back, given back twice. Starts a new account.
     std::vector<std::string> takeComplaints();
 
     // For the table's own functions.
@@ -68,14 +65,9 @@ class JniTable {
         jobject object = nullptr;
     };
 
-    struct Buffer {
-        const char* chars;
-        bool wasHeldOverPlatformCall;
-    };
-
     JNIEnv* env_;
     std::vector<Call> calls_;
-    std::vector<Buffer> out_;
+    std::vector<const char*> out_;
     std::vector<std::string> complaints_;
     std::size_t failingCall_ = static_cast<std::size_t>(-1);
     const char* failure_ = "java/lang/OutOfMemoryError";
