@@ -1,7 +1,6 @@
 // Random trees, with any bytes as texts. What the platform hands out must come back, and nothing may crash.
 #include <cstdlib>
 #include <fuzzer/FuzzedDataProvider.h>
-#include <iostream>
 
 #include "bridge/signature.h"
 #include "platform/configService.h"
@@ -13,12 +12,6 @@ using namespace talvern::bridge;
 using namespace talvern::config;
 
 namespace {
-
-void require(bool holds, const char* what) {
-    if (holds) return;
-    std::cerr << what << '\n';
-    std::abort();
-}
 
 std::unique_ptr<Value> anyTree(FuzzedDataProvider& data, int levels) {
     const bool mu = data.ConsumeBool();
@@ -38,17 +31,14 @@ std::unique_ptr<Value> anyTree(FuzzedDataProvider& data, int levels) {
 
 }  // namespace
 
-extern "C" const char* __asan_default_options();
 extern "C" const char* __asan_default_options() { return "handle_segv=0:detect_leaks=0:alloc_dealloc_mismatch=0"; }
 
 // Loads the bridge, whose ways are counted, before the first input.
-extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv);
 extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
     bridgeNatives();
     return 0;
 }
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size);
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     const LocalFrame frame;
     platform::forgetMocks();  // of the last input
@@ -67,13 +57,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     const auto sendAndFetch = [&](jobject tree) {
         std::vector<jvalue> update = id;
         update.insert(update.end(), {toJvalue(tree), toJvalue(false)});
-        require(invoke(bridgeNative("_updateObject"), update).exception.empty(), "refused");
+        if (!invoke(bridgeNative("_updateObject"), update).exception.empty()) std::abort();
         return fetch();
     };
     jobject first = fetch();  // the JVM makes texts of bytes that are none, which do not always equal their copies
     if (first == nullptr) return 0;
     jobject tree = sendAndFetch(first);
     jmethodID equals = javaEnv()->GetMethodID(javaEnv()->GetObjectClass(tree), "equals", "(Ljava/lang/Object;)Z");
-    require(javaEnv()->CallBooleanMethod(tree, equals, sendAndFetch(tree)) == JNI_TRUE, "another tree");
+    if (javaEnv()->CallBooleanMethod(tree, equals, sendAndFetch(tree)) != JNI_TRUE) std::abort();
     return 0;
 }

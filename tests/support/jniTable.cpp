@@ -91,8 +91,10 @@ struct Hook<Slot, CanFail> {
         [[maybe_unused]] const std::tuple given{arguments...};
         std::string detail;
         if constexpr (is<&Functions::FindClass>) detail = std::get<0>(given);
+        [[maybe_unused]] std::string member;
         if constexpr (isLookup) {
-            detail = nameOf(env, std::get<0>(given)) + "." + std::get<1>(given) + " " + std::get<2>(given);
+            member = std::string{std::get<1>(given)} + " " + std::get<2>(given);
+            detail = nameOf(env, std::get<0>(given)) + "." + member;
         }
         if (current->mustFail(function, detail, CanFail)) {
             if constexpr (is<&Functions::FindClass>) {
@@ -124,9 +126,7 @@ struct Hook<Slot, CanFail> {
             Result result = (original->*Slot)(env, arguments...);
             if constexpr (is<&Functions::FindClass>) record(env, "class", result, {});
             if constexpr (isLookup) {
-                const char* kind = is<&Functions::GetMethodID> ? "method" : "static";
-                const std::string member = std::string{" "} + std::get<1>(given) + " " + std::get<2>(given);
-                if (result != nullptr) record(env, kind, std::get<0>(given), member);
+                record(env, is<&Functions::GetMethodID> ? "method" : "static", std::get<0>(given), " " + member);
             }
             if constexpr (is<&Functions::GetStringUTFChars>) current->taken(result);
             return result;
