@@ -58,16 +58,13 @@ TEST_F(ApplianceUtilsTest, ResolvesAndConnects) {
 }
 
 TEST_F(ApplianceUtilsTest, ReportsAsManyResetErrorsAsFitAndLeavesOtherSlotsAlone) {
-    using FileErrors = std::vector<applianceUtils::resetFileError>;
     jclass javaClass = env->FindClass("com/kvo/talvern/appliance/FileError");
     jobject earlier = env->AllocObject(javaClass);
-    const FileErrors errors{{"/b", -1}, {"", 2}};
-    for (const auto& [slots, met, status, seen] :
-         {std::tuple{3, errors, 7, "[/b: error -1, : error 2, null: error 0]"},
-          {1, errors, -1, "[/b: error -1]"},
-          {0, errors, 5, "[]"}}) {
+    const std::vector<applianceUtils::resetFileError> errors{{"/b", -1}, {"", 2}};
+    for (const auto& [slots, status, seen] :
+         {std::tuple{3, 7, "[/b: error -1, : error 2, null: error 0]"}, {1, -1, "[/b: error -1]"}, {0, 5, "[]"}}) {
         jobjectArray array = env->NewObjectArray(slots, javaClass, earlier);
-        EXPECT_CALL(mockOf<&applianceUtils::deviceRESET>(), Call(testing::IsEmpty())).WillOnce(deliver(met, status));
+        EXPECT_CALL(mockOf<&applianceUtils::deviceRESET>(), Call(testing::IsEmpty())).WillOnce(deliver(errors, status));
         EXPECT_EQ(call("_deviceRESET", array).result.i, status);
         EXPECT_EQ(describe(array), seen);
     }

@@ -53,8 +53,6 @@ class ReportingThread {
         mayEnd_.release();
         thread_.join();
     }
-    ReportingThread(const ReportingThread&) = delete;
-    ReportingThread& operator=(const ReportingThread&) = delete;
 
   private:
     std::binary_semaphore hasReported_{0}, mayEnd_{0};

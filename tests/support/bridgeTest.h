@@ -26,13 +26,17 @@ class BridgeTest : public testing::Test {
     /// raises is kept for `takeThrown`.
     template <typename... Arguments>
     Outcome call(const std::string& native, const Arguments&... arguments) {
-        return keep(bridgeNative(native), invoke(bridgeNative(native), {toArgument(arguments)...}));
+        return callOn(nullptr, native, arguments...);
     }
 
     /// The same on a receiver that the test gives.
     template <typename... Arguments>
     Outcome callOn(jobject receiver, const std::string& native, const Arguments&... arguments) {
-        return keep(bridgeNative(native), invoke(bridgeNative(native), receiver, {toArgument(arguments)...}));
+        const Outcome outcome = invoke(bridgeNative(native), {toArgument(arguments)...}, receiver);
+        expectSound(bridgeNative(native), outcome);
+        testedNatives().insert(native);
+        thrown_ = outcome.exception;
+        return outcome;
     }
 
     /// The result of the same as text.
@@ -85,13 +89,6 @@ class BridgeTest : public testing::Test {
         } else {
             return talvern::bridge::toJvalue(argument);
         }
-    }
-
-    Outcome keep(const NativeMethod& native, const Outcome& outcome) {
-        expectSound(native, outcome);
-        testedNatives().insert(native.name);
-        thrown_ = outcome.exception;
-        return outcome;
     }
 
     const LocalFrame frame_;

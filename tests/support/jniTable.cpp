@@ -102,7 +102,7 @@ struct Hook<Slot, CanFail> {
             } else if constexpr (isLookup) {
                 raise(env, "java/lang/NoSuchMethodError", std::get<1>(given));
             } else if (!JniTable::failsSilently(function)) {
-                raise(env, current->failure(), "planted");
+                raise(env, "java/lang/OutOfMemoryError", "planted");
             }
             if constexpr (std::is_same_v<Result, jint>) {
                 return JNI_ERR;
@@ -179,7 +179,6 @@ JniTable::~JniTable() {
 void JniTable::restart() {
     calls_.clear();
     failingCall_ = static_cast<std::size_t>(-1);
-    failure_ = "java/lang/OutOfMemoryError";
 }
 
 std::vector<std::string> JniTable::takeComplaints() {

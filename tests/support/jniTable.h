@@ -32,12 +32,9 @@ class JniTable {
     /// Forgets the calls and the planned failures. Buffers that are still out stay on the account.
     void restart();
 
-    /// The call with this index in `calls` fails as in the JVM: a lookup with its error, any other call with
-    /// `failure`, as if memory had run out or the called Java code had thrown it.
-    void failCall(std::size_t index, const char* failure = "java/lang/OutOfMemoryError") {
-        failingCall_ = index;
-        failure_ = failure;
-    }
+    /// The call with this index in `calls` fails as in the JVM: a lookup with its error, any other call as if memory
+    /// had run out, or the called Java code had thrown that.
+    void failCall(std::size_t index) { failingCall_ = index; }
 
     /// The call of `function` with this index among those of the same function answers `object` instead.
     void answer(const char* function, std::size_t index, jobject object) { answering_ = {function, index, object}; }
@@ -53,7 +50,6 @@ class JniTable {
 
     // For the table's own functions.
     bool mustFail(const char* function, std::string detail, bool canFail = true);
-    [[nodiscard]] const char* failure() const { return failure_; }
     jobject takeAnswer(std::string_view function);
     void taken(const char* chars);
     bool given(const char* chars);
@@ -70,7 +66,6 @@ class JniTable {
     std::vector<const char*> out_;
     std::vector<std::string> complaints_;
     std::size_t failingCall_ = static_cast<std::size_t>(-1);
-    const char* failure_ = "java/lang/OutOfMemoryError";
     Answer answering_;
 };
 
