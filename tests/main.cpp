@@ -4,13 +4,9 @@
 // ever is no leak. Allocation stacks are kept to three frames, so that the suppression hides what the JVM
 // allocates but not what a native method does, although each of these is called by the JVM.
 extern "C" {
-const char* __asan_default_options();
 const char* __asan_default_options() { return "handle_segv=0:malloc_context_size=3"; }
-const char* __ubsan_default_options();
 const char* __ubsan_default_options() { return "print_stacktrace=1"; }
-const char* __lsan_default_options();
 const char* __lsan_default_options() { return "print_suppressions=0"; }
-const char* __lsan_default_suppressions();
 const char* __lsan_default_suppressions() {
     return "leak:libjvm.so\n"
            "leak:libjava.so\n"
@@ -18,9 +14,7 @@ const char* __lsan_default_suppressions() {
            "leak:libzip.so\n"
            "leak:libz.so\n";
 }
-const char* __tsan_default_options();
 const char* __tsan_default_options() { return "handle_segv=0:report_signal_unsafe=0"; }
-const char* __tsan_default_suppressions();
 const char* __tsan_default_suppressions() {
     return "race:libjvm.so\n"
            "mutex:libjvm.so\n"

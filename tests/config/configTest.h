@@ -35,11 +35,9 @@ class ConfigTest : public BridgeTest {
         return callStatic("com/kvo/talvern/testing/Values", method, signature, arguments...);
     }
 
-    static jobject nested(jint levels) { return values("nested", "(I)Lcom/kvo/talvern/config/Value;", levels); }
     static jobject doubled(jint levels, const std::string& text) {
         return values("doubled", "(ILjava/lang/String;)Lcom/kvo/talvern/config/Value;", levels, javaString(text));
     }
-    static jobject large(jint count) { return values("large", "(I)Lcom/kvo/talvern/config/Value;", count); }
     static jobject faulty(const char* fault) {
         return values("faulty", "(Ljava/lang/String;)Lcom/kvo/talvern/config/Value;", javaString(fault));
     }

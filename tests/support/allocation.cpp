@@ -51,6 +51,15 @@ void* operator new(std::size_t size) {
     return header + 1;
 }
 
+// The sanitizer's own would not go with the operator below.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    try {
+        return operator new(size);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+
 void operator delete(void* memory) noexcept {
     if (memory == nullptr) return;
     Header* header = static_cast<Header*>(memory) - 1;

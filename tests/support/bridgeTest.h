@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <gmock/gmock.h>
 #include <string>
 #include <vector>
@@ -27,13 +26,17 @@ class BridgeTest : public testing::Test {
     /// raises is kept for `takeThrown`.
     template <typename... Arguments>
     Outcome call(const std::string& native, const Arguments&... arguments) {
-        return keep(bridgeNative(native), invoke(bridgeNative(native), {toArgument(arguments)...}));
+        return callOn(nullptr, native, arguments...);
     }
 
     /// The same on a receiver that the test gives.
     template <typename... Arguments>
     Outcome callOn(jobject receiver, const std::string& native, const Arguments&... arguments) {
-        return keep(bridgeNative(native), invoke(bridgeNative(native), receiver, {toArgument(arguments)...}));
+        const Outcome outcome = invoke(bridgeNative(native), {toArgument(arguments)...}, receiver);
+        expectSound(bridgeNative(native), outcome);
+        testedNatives().insert(native);
+        thrown_ = outcome.exception;
+        return outcome;
     }
 
     /// The result of the same as text.
@@ -44,15 +47,6 @@ class BridgeTest : public testing::Test {
 
     /// The Java exception of the last call as "class: message"; empty if there was none.
     std::string takeThrown() { return std::exchange(thrown_, {}); }
-
-    /// The names of those of the bridge's JNI calls that `wanted` lists, in their order.
-    [[nodiscard]] Texts callsOf(const Texts& wanted) const {
-        Texts names;
-        for (const JniTable::Call& made : table.calls()) {
-            if (std::ranges::count(wanted, made.function) > 0) names.emplace_back(made.function);
-        }
-        return names;
-    }
 
     /// What must hold after each call: the result is of the class that it must be of, and all buffers and all
     /// memory are given back, but for the callback of the first upgrade.
@@ -97,22 +91,6 @@ class BridgeTest : public testing::Test {
         }
     }
 
-    Outcome keep(const NativeMethod& native, const Outcome& outcome) {
-        expectSound(native, outcome);
-        testedNatives().insert(native.name);
-        thrown_ = outcome.exception;
-        return outcome;
-    }
-
     const LocalFrame frame_;
     std::string thrown_;
-};
-
-/// A test with very many JNI calls; runs only where the JVM does not check them. The names of such suites
-/// start with "Large": these tests have a run of their own.
-class LargeTest : public BridgeTest {
-  protected:
-    void SetUp() override {
-        if (isJniChecked()) GTEST_SKIP() << "too many calls for a JVM that checks each";
-    }
 };

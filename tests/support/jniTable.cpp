@@ -1,7 +1,6 @@
 #include "support/jniTable.h"
 
 #include <algorithm>
-#include <cstring>
 #include <dlfcn.h>
 #include <link.h>
 #include <set>
@@ -61,10 +60,7 @@ void record(JNIEnv* env, const char* kind, jclass javaClass, const std::string& 
 using Functions = JNINativeInterface_;
 
 template <auto Slot>
-struct Is {
-    template <auto... Others>
-    static constexpr bool oneOf = (std::is_same_v<Is<Slot>, Is<Others>> || ...);
-};
+struct Id;
 
 /// The name of a function of the table, which stands behind the last colon of this function's own.
 template <auto Slot>
@@ -85,7 +81,7 @@ template <
     typename Result, typename... Arguments, Result (JNICALL* Functions::*Slot)(JNIEnv*, Arguments...), bool CanFail>
 struct Hook<Slot, CanFail> {
     template <auto... Others>
-    static constexpr bool is = Is<Slot>::template oneOf<Others...>;
+    static constexpr bool is = (std::is_same_v<Id<Slot>, Id<Others>> || ...);
     static constexpr bool isLookup = is<&Functions::GetMethodID, &Functions::GetStaticMethodID>;
 
     static Result JNICALL call(JNIEnv* env, Arguments... arguments) {
@@ -95,8 +91,10 @@ struct Hook<Slot, CanFail> {
         [[maybe_unused]] const std::tuple given{arguments...};
         std::string detail;
         if constexpr (is<&Functions::FindClass>) detail = std::get<0>(given);
+        [[maybe_unused]] std::string member;
         if constexpr (isLookup) {
-            detail = nameOf(env, std::get<0>(given)) + "." + std::get<1>(given) + " " + std::get<2>(given);
+            member = std::string{std::get<1>(given)} + " " + std::get<2>(given);
+            detail = nameOf(env, std::get<0>(given)) + "." + member;
         }
         if (current->mustFail(function, detail, CanFail)) {
             if constexpr (is<&Functions::FindClass>) {
@@ -104,7 +102,7 @@ struct Hook<Slot, CanFail> {
             } else if constexpr (isLookup) {
                 raise(env, "java/lang/NoSuchMethodError", std::get<1>(given));
             } else if (!JniTable::failsSilently(function)) {
-                raise(env, current->failure(), "planted");
+                raise(env, "java/lang/OutOfMemoryError", "planted");
             }
             if constexpr (std::is_same_v<Result, jint>) {
                 return JNI_ERR;
@@ -128,16 +126,9 @@ struct Hook<Slot, CanFail> {
             Result result = (original->*Slot)(env, arguments...);
             if constexpr (is<&Functions::FindClass>) record(env, "class", result, {});
             if constexpr (isLookup) {
-                const char* kind = is<&Functions::GetMethodID> ? "method" : "static";
-                if (result != nullptr) {
-                    record(
-                        env, kind, std::get<0>(given),
-                        std::string{" "} + std::get<1>(given) + " " + std::get<2>(given));
-                }
+                record(env, is<&Functions::GetMethodID> ? "method" : "static", std::get<0>(given), " " + member);
             }
-            if constexpr (is<&Functions::GetStringUTFChars>) {
-                if (result != nullptr) current->taken(result);
-            }
+            if constexpr (is<&Functions::GetStringUTFChars>) current->taken(result);
             return result;
         }
     }
@@ -187,16 +178,7 @@ JniTable::~JniTable() {
 
 void JniTable::restart() {
     calls_.clear();
-    hiddenClass_.clear();
     failingCall_ = static_cast<std::size_t>(-1);
-    failure_ = "java/lang/OutOfMemoryError";
-}
-
-void JniTable::note(const char* event) { calls_.push_back({event, {}, false}); }
-
-void JniTable::platformCalled() {
-    note("platform");
-    for (Buffer& buffer : out_) buffer.wasHeldOverPlatformCall = true;
 }
 
 std::vector<std::string> JniTable::takeComplaints() {
@@ -212,9 +194,8 @@ bool JniTable::failsSilently(std::string_view function) {
 
 bool JniTable::mustFail(const char* function, std::string detail, bool canFail) {
     const UncountedAllocations uncounted;
-    const bool isHidden = !hiddenClass_.empty() && std::strcmp(function, "FindClass") == 0 && detail == hiddenClass_;
     calls_.push_back({function, std::move(detail), canFail});
-    return canFail && (isHidden || calls_.size() - 1 == failingCall_);
+    return canFail && calls_.size() - 1 == failingCall_;
 }
 
 jobject JniTable::takeAnswer(std::string_view function) {
@@ -224,21 +205,19 @@ jobject JniTable::takeAnswer(std::string_view function) {
 
 void JniTable::taken(const char* chars) {
     const UncountedAllocations uncounted;
-    out_.push_back({chars, false});
+    if (chars == nullptr) return;
+    out_.push_back(chars);
     calls_.back().detail = chars;
 }
 
 bool JniTable::given(const char* chars) {
     const UncountedAllocations uncounted;
-    const auto buffer = std::find_if(out_.begin(), out_.end(), [&](const Buffer& b) { return b.chars == chars; });
+    const auto buffer = std::ranges::find(out_, chars);
     if (buffer == out_.end()) {
         complaints_.emplace_back("a UTF buffer was given back twice");
         return false;
     }
-    const bool isOldest = std::none_of(out_.begin(), buffer, [](const Buffer& b) { return b.wasHeldOverPlatformCall; });
-    if (buffer->wasHeldOverPlatformCall && !isOldest) {
-        complaints_.emplace_back("UTF buffers were given back in another order than taken");
-    }
+    calls_.back().detail = chars;
     out_.erase(buffer);
     return true;
 }

@@ -14,7 +14,8 @@ class JniTable {
   public:
     struct Call {
         const char* function;
-        std::string detail;  ///< what was looked up, as "class" or "class.member signature", or the text taken
+        std::string
+            detail;  ///< what was looked up, as "class" or "class.member signature", or the text taken or given back
         bool canFail;
 
         [[nodiscard]] bool isLookup() const;
@@ -31,15 +32,9 @@ class JniTable {
     /// Forgets the calls and the planned failures. Buffers that are still out stay on the account.
     void restart();
 
-    /// FindClass finds no class of this name.
-    void hideClass(std::string name) { hiddenClass_ = std::move(name); }
-
-    /// The call with this index in `calls` fails as in the JVM: a lookup with its error, any other call with
-    /// `failure`, as if memory had run out or the called Java code had thrown it.
-    void failCall(std::size_t index, const char* failure = "java/lang/OutOfMemoryError") {
-        failingCall_ = index;
-        failure_ = failure;
-    }
+    /// The call with this index in `calls` fails as in the JVM: a lookup with its error, any other call as if memory
+    /// had run out, or the called Java code had thrown that.
+    void failCall(std::size_t index) { failingCall_ = index; }
 
     /// The call of `function` with this index among those of the same function answers `object` instead.
     void answer(const char* function, std::size_t index, jobject object) { answering_ = {function, index, object}; }
@@ -48,18 +43,13 @@ class JniTable {
     static bool failsSilently(std::string_view function);
 
     /// Puts something else that happens among the calls.
-    void note(const char* event);
+    void note(const char* event) { mustFail(event, {}, false); }
 
-    /// Notes that the platform runs, and which buffers are out: these must come back in the order taken.
-    void platformCalled();
-
-    /// What is wrong with the buffers: not given back, given back twice, in another order than taken. Starts
-    /// a new account.
+    /// What is wrong with the buffers: not given back, given back twice. Starts a new account.
     std::vector<std::string> takeComplaints();
 
     // For the table's own functions.
     bool mustFail(const char* function, std::string detail, bool canFail = true);
-    [[nodiscard]] const char* failure() const { return failure_; }
     jobject takeAnswer(std::string_view function);
     void taken(const char* chars);
     bool given(const char* chars);
@@ -71,18 +61,11 @@ class JniTable {
         jobject object = nullptr;
     };
 
-    struct Buffer {
-        const char* chars;
-        bool wasHeldOverPlatformCall;
-    };
-
     JNIEnv* env_;
     std::vector<Call> calls_;
-    std::vector<Buffer> out_;
+    std::vector<const char*> out_;
     std::vector<std::string> complaints_;
-    std::string hiddenClass_;
     std::size_t failingCall_ = static_cast<std::size_t>(-1);
-    const char* failure_ = "java/lang/OutOfMemoryError";
     Answer answering_;
 };
 

@@ -12,13 +12,13 @@ using namespace talvern::bridge;
 
 namespace {
 
-/// The function of the loaded `library` that the JVM binds to the method; null if there is none.
-void (*boundFunction(const std::string& library, const NativeMethod& native))() {
+/// The function of the loaded bridge that the JVM binds to the method; null if there is none.
+void (*boundFunction(const NativeMethod& native))() {
     std::string symbol = "Java_";
     for (const char c : native.className + "/" + native.name) {
         symbol += c == '/' ? "_" : c == '_' ? "_1" : std::string{c};
     }
-    void* handle = dlopen(library.c_str(), RTLD_NOW | RTLD_NOLOAD);
+    void* handle = dlopen(bridgeLibrary().c_str(), RTLD_NOW | RTLD_NOLOAD);
     return reinterpret_cast<void (*)()>(dlsym(handle, symbol.c_str()));
 }
 
@@ -58,12 +58,11 @@ jvalue callFunction(const NativeMethod& native, jobject receiver, std::vector<jv
     return result.value;
 }
 
-/// The native methods of the classes in `folder`, which bind to the functions of `library`.
-std::vector<NativeMethod> list(const std::string& jar, const char* folder, const std::string& library) {
+std::vector<NativeMethod> list() {
     JNIEnv* env = javaEnv();
     auto* texts = static_cast<jobjectArray>(callStatic(
         "com/kvo/talvern/testing/Natives", "list", "(Ljava/lang/String;Ljava/lang/String;)[Ljava/lang/String;",
-        javaString(jar), javaString(folder)));
+        javaString(TALVERN_API_JAR), javaString("com/kvo/talvern/")));
     if (const std::string exception = takeException(env); !exception.empty()) {
         throw std::runtime_error{"the native methods can't be listed: " + exception};
     }
@@ -72,7 +71,7 @@ std::vector<NativeMethod> list(const std::string& jar, const char* folder, const
     for (jsize i = 0; i < env->GetArrayLength(texts); i += 3) {
         NativeMethod native{text(i), text(i + 1), text(i + 2), nullptr, nullptr};
         native.javaClass = static_cast<jclass>(env->NewGlobalRef(env->FindClass(native.className.c_str())));
-        native.function = boundFunction(library, native);
+        native.function = boundFunction(native);
         methods.push_back(native);
     }
     return methods;
@@ -89,7 +88,9 @@ jobject plausibleObject(const std::string& type, std::size_t index) {
     }
     const std::string name = type.substr(1, type.size() - 2);
     if (name == "com/kvo/talvern/config/Value") {
-        return newObject("com/kvo/talvern/config/SimpleValue", "(Ljava/lang/String;Z)V", javaString("text"), JNI_TRUE);
+        return callStatic(  // a list of two structures
+            "com/kvo/talvern/testing/Values", "doubled", "(ILjava/lang/String;)Lcom/kvo/talvern/config/Value;", 2,
+            javaString("text"));
     }
     if (name == "com/kvo/talvern/firmwaremanager/FirmwareManagerUtils$UpgradeCallback") {
         return newObject("com/kvo/talvern/testing/RecordingCallback");
@@ -107,7 +108,7 @@ jobject receiverOf(const NativeMethod& native) {
 }  // namespace
 
 const std::vector<NativeMethod>& bridgeNatives() {
-    static const std::vector<NativeMethod> natives = list(TALVERN_API_JAR, "com/kvo/talvern/", bridgeLibrary());
+    static const std::vector<NativeMethod> natives = list();
     return natives;
 }
 
@@ -136,12 +137,9 @@ std::vector<jvalue> plausibleArguments(const NativeMethod& native) {
     return arguments;
 }
 
-Outcome invoke(const NativeMethod& native, const std::vector<jvalue>& arguments) {
-    return invoke(native, receiverOf(native), arguments);
-}
-
-Outcome invoke(const NativeMethod& native, jobject receiver, const std::vector<jvalue>& arguments) {
+Outcome invoke(const NativeMethod& native, const std::vector<jvalue>& arguments, jobject receiver) {
     Outcome outcome{};
+    if (receiver == nullptr) receiver = receiverOf(native);
     const std::ptrdiff_t before = aliveAllocations();
     outcome.result = callFunction(native, receiver, arguments);
     outcome.kept = aliveAllocations() - before;

@@ -37,12 +37,9 @@ struct Outcome {
     std::string exception;   ///< "class: message" of the Java exception, which was cleared; empty if none
 };
 
-/// Calls the native method's function on a receiver of its own. Not through the JVM, which drops the result
-/// when there is an exception: the failure value would never be seen.
-Outcome invoke(const NativeMethod& native, const std::vector<jvalue>& arguments);
-
-/// Calls the native method's function on this receiver.
-Outcome invoke(const NativeMethod& native, jobject receiver, const std::vector<jvalue>& arguments);
+/// Calls the native method's function on the receiver, or on one of its own. Not through the JVM, which drops the
+/// result when there is an exception: the failure value would never be seen.
+Outcome invoke(const NativeMethod& native, const std::vector<jvalue>& arguments, jobject receiver = nullptr);
 
 /// Calls the native method as Java does. The exception that it raised, as in `Outcome`.
 std::string invokeThroughJvm(const NativeMethod& native, const std::vector<jvalue>& arguments);

@@ -24,7 +24,7 @@ std::vector<std::function<void()>> whenForgottenActions;
 
 void operationStarts() {
     ++operations;
-    if (JniTable* table = currentJniTable()) table->platformCalled();
+    if (JniTable* table = currentJniTable()) table->note("platform");
     if (beforeOperation) beforeOperation();
 }
 

@@ -64,62 +64,37 @@ Record plausibleRecord() {
 }
 
 template <typename Type>
-struct Plausible {
-    static Type make() {
-        if constexpr (std::is_same_v<Type, bool>) {
-            return !isEmpty;
-        } else if constexpr (std::is_trivial_v<Type>) {
-            return Type{};  // a status of 0, too
-        } else {
-            return plausibleRecord<Type>();
-        }
-    }
-};
-
-template <>
-struct Plausible<std::string> {
-    static std::string make() { return isEmpty ? "" : "text"; }
-};
-
+constexpr bool isList = false;
 template <typename Element>
-struct Plausible<std::vector<Element>> {
-    static std::vector<Element> make() {
-        if (isEmpty) return {};
-        return {plausible<Element>(), plausible<Element>()};
-    }
-};
-
-template <>
-struct Plausible<std::map<std::string, std::string>> {
-    static std::map<std::string, std::string> make() { return {{"mtu", "1500"}, {"name", "eth0"}}; }
-};
-
-/// A record that stays the platform's.
-template <typename Record>
-struct Plausible<Record*> {
-    static Record* make() {
-        static auto kept = plausible<Record>();
-        return isEmpty ? nullptr : &kept;
-    }
-};
-
-/// A list that is to be deleted by the bridge.
-template <typename Element>
-struct Plausible<std::vector<Element>*> {
-    static std::vector<Element>* make() {
-        return isEmpty ? nullptr : new std::vector<Element>{plausible<std::vector<Element>>()};
-    }
-};
-
-template <>
-struct Plausible<talvern::config::Value*> {
-    static talvern::config::Value* make() { return isEmpty ? nullptr : sampleTree(); }
-};
+constexpr bool isList<std::vector<Element>> = true;
 
 /// What the platform answers or hands out where no test says otherwise; made from the type alone.
 template <typename Type>
 Type plausible() {
-    if constexpr (!std::is_void_v<Type>) return Plausible<Type>::make();
+    if constexpr (std::is_same_v<Type, bool>) {
+        return !isEmpty;
+    } else if constexpr (std::is_same_v<Type, std::string>) {
+        return isEmpty ? "" : "text";
+    } else if constexpr (std::is_same_v<Type, std::map<std::string, std::string>>) {
+        return {{"mtu", "1500"}, {"name", "eth0"}};
+    } else if constexpr (isList<Type>) {
+        using Element = typename Type::value_type;
+        return isEmpty ? Type{} : Type{plausible<Element>(), plausible<Element>()};
+    } else if constexpr (std::is_same_v<Type, talvern::config::Value*>) {
+        return isEmpty ? nullptr : sampleTree();
+    } else if constexpr (std::is_pointer_v<Type>) {
+        using Target = std::remove_pointer_t<Type>;
+        if constexpr (isList<Target>) {
+            return isEmpty ? nullptr : new Target{plausible<Target>()};  // the bridge's to delete
+        } else {
+            static auto kept = plausible<Target>();
+            return isEmpty ? nullptr : &kept;
+        }
+    } else if constexpr (std::is_trivial_v<Type>) {
+        return Type{};  // a status of 0, too
+    } else if constexpr (!std::is_void_v<Type>) {
+        return plausibleRecord<Type>();
+    }
 }
 
 /// Puts a plausible answer where an operation hands something out.
@@ -152,6 +127,7 @@ struct SignatureOf<Result (Class::*)() const> {
 template <auto Operation>
 using Signature = typename SignatureOf<decltype(Operation)>::Type;
 
+/// What the operation does in the current test; where that is empty, it succeeds.
 template <auto Operation>
 inline std::function<Signature<Operation>> answerOf;
 
@@ -167,14 +143,19 @@ void answer(std::function<Signature<Operation>> action) {
     whenForgotten([] { answerOf<Operation> = nullptr; });
 }
 
+template <auto Operation, typename... Arguments>
+auto succeed(Arguments&&... arguments) {
+    (fill(std::forward<Arguments>(arguments)), ...);
+    return plausible<typename std::function<Signature<Operation>>::result_type>();
+}
+
 /// Every operation of the platform is this.
 template <auto Operation, typename... Arguments>
 auto operation(Arguments&&... arguments) {
     const UncountedAllocations uncounted;
     operationStarts();
     if (answerOf<Operation>) return answerOf<Operation>(std::forward<Arguments>(arguments)...);
-    (fill(std::forward<Arguments>(arguments)), ...);
-    return plausible<typename std::function<Signature<Operation>>::result_type>();
+    return succeed<Operation>(std::forward<Arguments>(arguments)...);
 }
 
 }  // namespace platform
@@ -186,8 +167,7 @@ auto& mockOf() {
     if (!mock) {
         mock = std::make_unique<typename std::remove_reference_t<decltype(mock)>::element_type>();
         ON_CALL(*mock, Call).WillByDefault([](auto&&... arguments) {
-            (platform::fill(std::forward<decltype(arguments)>(arguments)), ...);
-            return platform::plausible<typename std::function<platform::Signature<Operation>>::result_type>();
+            return platform::succeed<Operation>(std::forward<decltype(arguments)>(arguments)...);
         });
         platform::answer<Operation>(mock->AsStdFunction());
         platform::whenForgotten([] { platform::mockedOperation<Operation>.reset(); });

@@ -36,11 +36,8 @@ const std::string refused = general + "change failed";
 const std::vector<Fault> faults{
     {"a standard exception", [] { throw std::runtime_error{"planted"}; }, general + "planted"},
     {"bad_alloc", [] { throw std::bad_alloc{}; }, general + "std::bad_alloc"},
-    {"an empty what()", [] { throw std::logic_error{""}; }, general},
     {"a what() full of formats", [] { throw std::out_of_range{"%s%n%d%s"}; }, general + "%s%n%d%s"},
-    {"a huge what()", [] { throw std::runtime_error{std::string(100'000, 'w')}; }, general + std::string(100'000, 'w')},
     {"an int", [] { throw 7; }, unknown},
-    {"a text", [] { throw "planted"; }, unknown},
     {"a ValidationException", [] { throw ValidationException("field", "reason"); }, general + "validation failed",
      "com.kvo.talvern.config.ValidationException: field: reason"},
     {"a ConfigChangeException",
@@ -113,7 +110,7 @@ bool runsJavaCode(const JniTable::Call& call) {
 }
 
 /// The exception that a failed call leaves behind.
-std::string failureOf(const JniTable::Call& call, const std::string& failure) {
+std::string failureOf(const JniTable::Call& call) {
     const std::string_view function{call.function};
     if (function == "FindClass") return "java.lang.NoClassDefFoundError: " + call.detail;
     if (call.isLookup()) {
@@ -123,9 +120,7 @@ std::string failureOf(const JniTable::Call& call, const std::string& failure) {
     }
     if (function == "GetJavaVM" || function == "PushLocalFrame") return "";  // a status only
     if (JniTable::failsSilently(function)) return general + "std::bad_alloc";
-    std::string name = failure;
-    std::ranges::replace(name, '/', '.');
-    return name + ": planted";
+    return "java.lang.OutOfMemoryError: planted";
 }
 
 class SweepTest : public BridgeTest {
@@ -161,9 +156,8 @@ class SweepTest : public BridgeTest {
     /// Attempts a call with arguments of which some are null; `isAnswered` if the contract has an answer for
     /// it.
     void attemptWithNull(
-        const NativeMethod& native, const std::string& what, const std::string& kind,
-        const std::vector<jvalue>& arguments, bool isAnswered) {
-        SCOPED_TRACE("null as " + what);
+        const NativeMethod& native, const std::string& kind, const std::vector<jvalue>& arguments, bool isAnswered) {
+        SCOPED_TRACE("null " + kind);
         const Outcome outcome = attempt(native, arguments);
         if (isAnswered) {
             EXPECT_EQ(outcome.exception, "");
@@ -175,19 +169,18 @@ class SweepTest : public BridgeTest {
     }
 
     /// Lets the JNI call with the number fail.
-    void
-    attemptWithFailure(const NativeMethod& native, const Fault& condition, std::size_t number, const char* failure) {
+    void attemptWithFailure(const NativeMethod& native, const Fault& condition, std::size_t number) {
         const LocalFrame frame;
         const std::vector<jvalue> arguments = plausibleArguments(native);
         table.restart();
-        table.failCall(number, failure);
+        table.failCall(number);
         const Outcome outcome = attempt(native, arguments);
         const std::vector<JniTable::Call> made = table.calls();
         table.restart();
         // Not always the call of the first time: an upgrade depends on those before.
         if (number >= made.size() || !made[number].canFail) return;
-        SCOPED_TRACE(made[number].function + (" " + made[number].detail) + " failing with " + failure);
-        const std::string expected = failureOf(made[number], failure);
+        SCOPED_TRACE(made[number].function + (" " + made[number].detail) + " failing");
+        const std::string expected = failureOf(made[number]);
         if (made[number].isLookup()) {
             EXPECT_EQ(outcome.exception, expected);
             EXPECT_EQ(outcome.resultText, failureValue(native));
@@ -218,36 +211,26 @@ TEST_F(SweepTest, EveryPlatformExceptionReachesJava) {
     });
 }
 
-/// Every reference argument and every element of an array is null, alone and all at once: an exception that
-/// says so and no call of the platform, or the answer that the contract gives.
+/// Every reference argument is null, and an element of every array: an exception that says so and no call of the
+/// platform, or the answer that the contract gives.
 TEST_F(SweepTest, EveryNullArgumentIsAnswered) {
     forEach({{"nothing", nullptr, ""}}, [&](const NativeMethod& native, const Fault&) {
-        std::vector<std::size_t> references;
-        bool allAnswered = true;
         for (std::size_t i = 0; i < bridge::parameterCount(native.signature); ++i) {
             const std::string_view type = bridge::parameterType(native.signature, i);
             if (type.front() != 'L' && type.front() != '[') continue;
             const LocalFrame frame;
-            references.push_back(i);
-            allAnswered = allAnswered && acceptsNull(native, i);
-            const std::string argument = "argument " + std::to_string(i + 1);
+            SCOPED_TRACE("argument " + std::to_string(i + 1));
             std::vector<jvalue> arguments = plausibleArguments(native);
-            for (jsize element = 0; type == "[Ljava/lang/String;" && element < 2; ++element) {
-                const std::vector<jvalue> withNull = plausibleArguments(native);
-                env->SetObjectArrayElement(static_cast<jobjectArray>(withNull[i].l), element, nullptr);
-                attemptWithNull(native, "element of " + argument, "array element", withNull, false);
+            if (type == "[Ljava/lang/String;") {
+                env->SetObjectArrayElement(static_cast<jobjectArray>(arguments[i].l), 1, nullptr);
+                attemptWithNull(native, "array element", arguments, false);
             }
             arguments[i].l = nullptr;
             const char* kind = type == "Ljava/lang/String;" ? "string argument"
                                : type.front() == '['        ? "array argument"
                                                             : "state argument";
-            attemptWithNull(native, argument, kind, arguments, acceptsNull(native, i));
+            attemptWithNull(native, kind, arguments, acceptsNull(native, i));
         }
-        if (references.size() < 2) return;
-        const LocalFrame frame;
-        std::vector<jvalue> arguments = plausibleArguments(native);
-        for (const std::size_t i : references) arguments[i].l = nullptr;
-        attemptWithNull(native, "every argument", "", arguments, allAnswered);
     });
 }
 
@@ -262,11 +245,7 @@ TEST_F(SweepTest, EveryFailedJniCallArrivesInJava) {
             return table.calls();
         }();
         for (std::size_t number = 0; number < calls.size(); ++number) {
-            const JniTable::Call& call = calls[number];
-            if (call.canFail) attemptWithFailure(native, condition, number, "java/lang/OutOfMemoryError");
-            if (runsJavaCode(call)) {
-                attemptWithFailure(native, condition, number, "java/lang/IllegalStateException");
-            }
+            if (calls[number].canFail) attemptWithFailure(native, condition, number);
         }
     });
 }

@@ -18,7 +18,7 @@ import java.util.Set;
 import java.util.TreeMap;
 import java.util.function.Supplier;
 
-/** Configuration values: random, deep, large, and such as the bridge must withstand. */
+/** Configuration values: random, deep, repeated, and such as the bridge must withstand. */
 public final class Values {
     private static final String[] TEXTS = {"", "a", "b", "ab", "A", "\0", "ä", "ß\n", "€uro", "\uD83D\uDE00",
         "a rather long text that no short string can hold"};
@@ -98,28 +98,6 @@ public final class Values {
             value = outer;
         }
         return value;
-    }
-
-    /** A structure with itself in a list. */
-    public static Value inItself() {
-        StructValue value = new StructValue(false);
-        ArrayValue array = new ArrayValue(false);
-        array.add(value);
-        value.put("self", array);
-        return value;
-    }
-
-    /** A list of structures of four members each; `count` values in all. */
-    public static Value large(int count) {
-        ArrayValue array = new ArrayValue(false);
-        for (int i = 1; i < count; i += 5) {
-            StructValue struct = new StructValue(true);
-            for (int member = 0; member < 4; member++) {
-                struct.put("key" + member, new SimpleValue("text " + i, false));
-            }
-            array.add(struct);
-        }
-        return array;
     }
 
     /** A structure with a member that is not as it should be. */
