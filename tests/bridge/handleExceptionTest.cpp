@@ -68,7 +68,7 @@ TEST_F(HandleExceptionTest, DiscardsThePendingExceptionForTheTranslatedOne) {
 
 TEST_F(HandleExceptionTest, SaysThatItHasThrownNothingWhereTheJvmFails) {
     const ValidationException validation{"a", "b"};
-    for (const std::size_t failingCall : {3, 4, 5, 7}) {  // the class, its constructor, a text, the exception
+    for (const std::size_t failingCall : {3U, 4U, 5U, 7U}) {  // the class, its constructor, a text, the exception
         table.restart();
         table.failCall(failingCall);
         EXPECT_FALSE(handle(validation));

@@ -9,7 +9,7 @@ constexpr auto never = static_cast<std::size_t>(-1);
 
 thread_local std::size_t allocationsToFailure = never;
 thread_local bool hasFailed = false;
-thread_local int uncounted = 1;
+thread_local int uncountedDepth = 1;
 thread_local std::ptrdiff_t alive = 0;
 
 /// Stands in front of each allocation.
@@ -31,23 +31,23 @@ bool allocationHasFailed() {
 
 std::ptrdiff_t aliveAllocations() { return alive; }
 
-CountedAllocations::CountedAllocations() { --uncounted; }
-CountedAllocations::~CountedAllocations() { ++uncounted; }
+CountedAllocations::CountedAllocations() { --uncountedDepth; }
+CountedAllocations::~CountedAllocations() { ++uncountedDepth; }
 
-UncountedAllocations::UncountedAllocations() { ++uncounted; }
-UncountedAllocations::~UncountedAllocations() { --uncounted; }
+UncountedAllocations::UncountedAllocations() { ++uncountedDepth; }
+UncountedAllocations::~UncountedAllocations() { --uncountedDepth; }
 
 // The program's operators replace those of the C++ runtime in the bridge as well.
 void* operator new(std::size_t size) {
-    if (uncounted == 0 && allocationsToFailure != never && allocationsToFailure-- == 0) {
+    if (uncountedDepth == 0 && allocationsToFailure != never && allocationsToFailure-- == 0) {
         allocationsToFailure = never;
         hasFailed = true;
         throw std::bad_alloc{};
     }
     auto* header = static_cast<Header*>(std::malloc(sizeof(Header) + size));
     if (header == nullptr) throw std::bad_alloc{};
-    header->countedIn = uncounted == 0 ? &alive : nullptr;
-    if (uncounted == 0) ++alive;
+    header->countedIn = uncountedDepth == 0 ? &alive : nullptr;
+    if (uncountedDepth == 0) ++alive;
     return header + 1;
 }
 

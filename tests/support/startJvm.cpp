@@ -32,6 +32,7 @@ JNIEnv* startJvm(std::vector<std::string> options) {
     if (library == nullptr) stop(dlerror());
     const auto create = reinterpret_cast<decltype(&JNI_CreateJavaVM)>(dlsym(library, "JNI_CreateJavaVM"));
     std::vector<JavaVMOption> jvmOptions;
+    jvmOptions.reserve(options.size());
     for (std::string& option : options) jvmOptions.push_back({option.data(), nullptr});
     JavaVMInitArgs arguments{JNI_VERSION_1_8, static_cast<jint>(options.size()), jvmOptions.data(), JNI_FALSE};
     JavaVM* vm = nullptr;

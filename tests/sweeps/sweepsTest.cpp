@@ -145,7 +145,7 @@ class SweepTest : public BridgeTest {
         platform::onTrace = nullptr;
         platform::isEmpty = false;
         operationsBefore_ = platform::operationCount();
-        const Outcome outcome = invoke(native, arguments);
+        Outcome outcome = invoke(native, arguments);
         expectSound(native, outcome);
         return outcome;
     }
