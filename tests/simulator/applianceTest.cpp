@@ -11,7 +11,6 @@
 #include "platform/firmwareManagerUtils.h"
 #include "platform/messaging.h"
 #include "platform/nodeName.h"
-#include "platform/servicesUtils.h"
 #include "platform/statusUtils.h"
 
 using namespace talvern;
@@ -73,15 +72,6 @@ TEST(Appliance, UpgradesOnceAtATimeAndGoesBack) {
     EXPECT_NE(rollback(), 0);
     EXPECT_EQ(reflash("talvern-2.2-beta.img"), 0);
     EXPECT_FALSE(isReleaseKeyed());
-}
-
-TEST(Appliance, KnowsAServiceTestByItsNameWhoseCharactersAreNotKept) {
-    char name[] = "storage";
-    EXPECT_EQ(servicesUtils::startTest(name, 60), 0);
-    name[0] = 'X';
-    EXPECT_EQ(servicesUtils::startTest("storage", 60), 3);
-    EXPECT_EQ(servicesUtils::stopTest("storage"), 0);
-    EXPECT_EQ(servicesUtils::stopTest("storage"), 2);
 }
 
 TEST(Appliance, FailsInTheWayThatATextNames) {
