@@ -17,6 +17,7 @@ import java.util.Random;
 import java.util.Set;
 import java.util.TreeMap;
 import java.util.function.Supplier;
+import java.util.stream.Stream;
 
 /** Configuration values: random, deep, large, and such as the bridge must withstand. */
 public final class Values {
@@ -69,33 +70,32 @@ public final class Values {
         return TEXTS[random.nextInt(TEXTS.length)] + TEXTS[random.nextInt(2)];
     }
 
+    private static StructValue struct(String key, Value member) {
+        StructValue value = new StructValue(false);
+        value.put(key, member);
+        return value;
+    }
+
+    private static ArrayValue array(Value... elements) {
+        ArrayValue value = new ArrayValue(false);
+        Stream.of(elements).forEach(value::add);
+        return value;
+    }
+
     /** A text below `levels - 1` structures and lists. */
     public static Value nested(int levels) {
         Value value = new SimpleValue("innermost", false);
         for (int level = 1; level < levels; level++) {
-            if (level % 2 == 0) {
-                StructValue outer = new StructValue(false);
-                outer.put("inner", value);
-                value = outer;
-            } else {
-                ArrayValue outer = new ArrayValue(false);
-                outer.add(value);
-                value = outer;
-            }
+            value = level % 2 == 0 ? struct("inner", value) : array(value);
         }
         return value;
     }
 
     /** Lists of two elements each, which are the same: 2^(levels - 1) times a text under a key. */
     public static Value doubled(int levels, String text) {
-        StructValue innermost = new StructValue(false);
-        innermost.put(text, new SimpleValue(text, false));
-        Value value = innermost;
+        Value value = struct(text, new SimpleValue(text, false));
         for (int level = 1; level < levels; level++) {
-            ArrayValue outer = new ArrayValue(false);
-            outer.add(value);
-            outer.add(value);
-            value = outer;
+            value = array(value, value);
         }
         return value;
     }
@@ -103,9 +103,7 @@ public final class Values {
     /** A structure with itself in a list. */
     public static Value inItself() {
         StructValue value = new StructValue(false);
-        ArrayValue array = new ArrayValue(false);
-        array.add(value);
-        value.put("self", array);
+        value.put("self", array(value));
         return value;
     }
 
@@ -124,8 +122,7 @@ public final class Values {
 
     /** A structure with a member that is not as it should be. */
     public static Value faulty(String fault) {
-        StructValue value = new StructValue(false);
-        value.put("first", new SimpleValue("good", false));
+        StructValue value = struct("first", new SimpleValue("good", false));
         value.put("second", member(fault));
         value.put("third", new SimpleValue("good", false));
         return value;
