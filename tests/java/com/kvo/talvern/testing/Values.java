@@ -134,11 +134,9 @@ public final class Values {
             case "unknown kind":
                 return new Value(true) {};
             case "null text":
-                return new Text(() -> null, () -> true);
             case "throwing text":
-                return new Text(() -> fail("getValue"), () -> true);
             case "throwing flag":
-                return new Text(() -> "text", () -> fail("getMU"));
+                return text(fault);
             case "null iterator":
                 return new Elements(() -> null);
             case "throwing iterator":
@@ -164,26 +162,18 @@ public final class Values {
         throw new IllegalStateException(method);
     }
 
-    /** A text whose parts are asked for. */
-    private static final class Text extends SimpleValue {
-        private final Supplier<String> text;
-        private final Supplier<Boolean> flag;
+    private static Value text(String fault) {
+        return new SimpleValue("text", true) {
+            @Override
+            public String getValue() {
+                return fault.equals("null text") ? null : fault.equals("throwing text") ? fail("getValue") : "text";
+            }
 
-        Text(Supplier<String> text, Supplier<Boolean> flag) {
-            super("", false);
-            this.text = text;
-            this.flag = flag;
-        }
-
-        @Override
-        public String getValue() {
-            return text.get();
-        }
-
-        @Override
-        public boolean getMU() {
-            return flag.get();
-        }
+            @Override
+            public boolean getMU() {
+                return fault.equals("throwing flag") ? Values.<Boolean>fail("getMU") : true;
+            }
+        };
     }
 
     /** A list whose iterator is asked for. */
