@@ -47,18 +47,6 @@ TEST(Appliance, ResetRestoresTheSettingsAndReportsTwoFiles) {
     EXPECT_EQ(statusUtils::getIntrusionStatus(), 0) << "no reset closes or opens the case";
 }
 
-TEST(Appliance, KeepsTheDisksOfAThreadUntilItAsksAgain) {
-    std::vector<statusUtils::DiskSnapShot*> mine;
-    ASSERT_TRUE(statusUtils::getRaidPhysDiskStatus(mine));
-    mine.at(0)->bay = 99;
-    std::thread{[] {
-        std::vector<statusUtils::DiskSnapShot*> others;
-        statusUtils::getRaidPhysDiskStatus(others);
-        EXPECT_EQ(others.at(0)->bay, 0);
-    }}.join();
-    EXPECT_EQ(mine[0]->bay, 99);
-}
-
 TEST(Appliance, UpgradesOnceAtATimeAndGoesBack) {
     using namespace firmwareManagerUtils;
     constexpr int busy = 5;

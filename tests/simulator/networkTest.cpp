@@ -1,5 +1,4 @@
 #include <gmock/gmock.h>
-#include <thread>
 
 #include "platform/diagnosticUtils.h"
 #include "platform/ethernetInterfaces.h"
@@ -129,22 +128,6 @@ TEST(EthernetInterfaces, ShowVirtualAddressesWhereTheyAreAdded) {
     EXPECT_EQ(ethernet::removeVIPFromInterface("eth1", "10.0.0.91"), 0);
     EXPECT_NE(ethernet::removeVIPFromInterface("eth1", "10.0.0.91"), 0);
     EXPECT_EQ(ethernet::removeVIPFromInterface("eth1", "2001:db8::91"), 0);
-}
-
-TEST(EthernetInterfaces, KeepTheRecordsOfAThreadWhileOthersAsk) {
-    const types::KeyValPair* eth0 = ethernet::getInterface("eth0");
-    const types::InterfaceStatus* status = ethernet::getAggregateStatus("agg0");
-    const std::size_t details = status->details.size();
-    std::thread{[] {
-        ethernet::getInterface("eth1");
-        ethernet::addVIPToInterface("agg0", "10.0.0.94");
-        ethernet::getAggregateStatus("agg0");
-    }}.join();
-    ethernet::getVLANStatus("vlan100");
-    EXPECT_THAT(eth0->pairs, Contains(Pair("name", "eth0")));
-    EXPECT_EQ(status->details.size(), details);
-    EXPECT_EQ(ethernet::getAggregateStatus("agg0")->details.size(), details + 1);
-    EXPECT_EQ(ethernet::removeVIPFromInterface("agg0", "10.0.0.94"), 0);
 }
 
 }  // namespace

@@ -6,7 +6,6 @@ import com.kvo.talvern.appliance.DiskSnapShot;
 import com.kvo.talvern.appliance.EthernetInterfaces;
 import com.kvo.talvern.appliance.HardwareStatusUtils;
 import com.kvo.talvern.appliance.HostsUtils;
-import com.kvo.talvern.appliance.NodeName;
 import com.kvo.talvern.config.AdminState;
 import com.kvo.talvern.config.ReturnCode;
 import com.kvo.talvern.config.ServiceUtils;
@@ -76,11 +75,11 @@ public final class Threads {
         check(Arrays.equals(hosts.getHostnames(address), new String[] {own, own + ".example"}),
                 "somebody else's host names");
         check(hosts.deleteHostnames(address), "the host is lost");
-        check(new NodeName().setNodeName(own), "the name is refused");
-        check(new NodeName().getNodeName().startsWith("thread-"), "somebody else's name");
         DiskSnapShot[] disks = new HardwareStatusUtils().getRaidPhysicalDiskStatus();
         check(disks.length == 2 && !disks[0].equals(disks[1]), "other disks");
-        check("lo".equals(new EthernetInterfaces().getEthernetInterfaceStatus("lo").getName()), "another interface");
+        EthernetInterfaces interfaces = new EthernetInterfaces();
+        check("lo".equals(interfaces.getEthernetInterfaceStatus("lo").getName()), "another interface's status");
+        check("eth0".equals(interfaces.getEthernetInterface("eth0").get("name")), "another interface");
         try {
             new ApplianceUtils().triggerException(own);
             check(false, "no exception");
