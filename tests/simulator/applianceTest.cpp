@@ -1,10 +1,4 @@
-#include <array>
-#include <cstdio>
-#include <cstring>
-#include <dlfcn.h>
 #include <gmock/gmock.h>
-#include <memory>
-#include <regex>
 #include <thread>
 
 #include "platform/applianceUtils.h"
@@ -68,20 +62,6 @@ TEST(Appliance, FailsInTheWayThatATextNames) {
     EXPECT_THROW(triggerException("validation:"), config::messaging::ValidationException);
     EXPECT_THROW(triggerException("change:"), config::messaging::ConfigChangeException);
     EXPECT_THROW(triggerException("internal"), std::runtime_error);
-}
-
-TEST(Library, ExportsWhatTheHeadersDeclareAndNothingElse) {
-    Dl_info library{};
-    ASSERT_NE(dladdr(reinterpret_cast<void*>(&nodeName::get), &library), 0);
-    const std::string command = std::string{"nm -DC --defined-only "} + library.dli_fname;
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> symbols{popen(command.c_str(), "r"), pclose};
-    const std::regex declared{"[0-9a-f]* [TDBVW] ((typeinfo|typeinfo name|vtable) for )?talvern::.*"};
-    std::size_t count = 0;
-    for (std::array<char, 4096> line{}; std::fgets(line.data(), line.size(), symbols.get()) != nullptr; ++count) {
-        const std::string symbol{line.data(), std::strcspn(line.data(), "\n")};
-        EXPECT_TRUE(std::regex_match(symbol, declared) && symbol.find("simulated") == std::string::npos) << symbol;
-    }
-    EXPECT_GT(count, 113U);
 }
 
 }  // namespace

@@ -156,7 +156,7 @@ TEST_F(Kept, EachMemberIsWrittenAsItIsRead) {
     };
     const std::regex leaf{R"((true|false|-?[0-9]+|"[^"]*")(?=[,\]}\n]))"};
     int kept = 0;
-    std::vector<std::string> refusals;
+    int refused = 0;
     for (std::sregex_iterator found{original.begin(), original.end(), leaf}, end; found != end; ++found) {
         std::string value = found->str();
         if (value == "true" || value == "false") {
@@ -167,20 +167,15 @@ TEST_F(Kept, EachMemberIsWrittenAsItIsRead) {
         std::string changed = original;
         changed.replace(static_cast<std::size_t>(found->position()), found->str().size(), value);
         writeFile(changed);
-        const std::string refused = refusal([] {
+        const std::string problem = refusal([] {
             servicesUtils::startTest("storage", 1);
             servicesUtils::stopTest("storage");
         });
-        if (refused.empty()) {
-            ASSERT_EQ(packed(fileText()), packed(changed)) << "after a change of " << found->str();
-            ++kept;
-        } else {
-            EXPECT_EQ(fileText(), changed);
-            refusals.push_back(refused);
-        }
+        ++(problem.empty() ? kept : refused);
+        ASSERT_EQ(packed(fileText()), packed(changed)) << "after a change of " << found->str() << problem;
     }
     EXPECT_GT(kept, 200);
-    EXPECT_LT(refusals.size(), 60) << testing::PrintToString(refusals);  // names of constants, addresses
+    EXPECT_LT(refused, 60);  // names of constants, addresses
 }
 
 TEST_F(Kept, ValuesKeepFlagsKeysAndEveryCharacter) {
@@ -247,7 +242,6 @@ TEST_F(Kept, TextThatIsNoApplianceIsRefusedAndStaysAsItIs) {
          ":2: hardware.fans[0].speed: must be a whole number from -2147483648 to 2147483647"},
         {R"({"hardware": {"disks": [{"revision": "123456"}]}})",
          "hardware.disks[0].revision: must have at most 5 bytes"},
-        {R"({"hardware": {"started": -1}})", ":1: hardware: started: must not be before 1970"},
         {R"({"hardware": {"intrusion": 7}})", ":1: hardware: intrusion: must be 1, 0 or -1"},
         {R"({"inventory": {"components": [{"component": 2147483647}]}})",
          ":1: inventory.components[0]: component: must be below 1000000"},

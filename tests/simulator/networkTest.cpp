@@ -46,16 +46,15 @@ TEST(Names, AreKeptOrRefusedAsAWhole) {
 TEST(Diagnostics, KnowTheApplianceAndItsHostsTableWithoutANetwork) {
     ASSERT_EQ(nodeName::set("rack-7"), 0);
     ASSERT_TRUE(hostsUtils::deleteHostnames("127.0.0.1"));
-    for (const auto& [host, addresses] :
+    for (const auto& [host, address] :
          {std::pair{"LocalHost", "127.0.0.1"},
-          {"rack-7", "127.0.1.1"},
           {"db", "10.0.0.20"},
           {"2001:db8::1", "2001:db8::1"},
           {"example.com", ""}}) {
         std::string result;
-        EXPECT_EQ(diagnosticUtils::dnsResolve(host, result), *addresses != '\0') << host;
-        EXPECT_EQ(result, addresses);
-        EXPECT_EQ(diagnosticUtils::pingHost(host, result), *addresses != '\0') << host;
+        EXPECT_EQ(diagnosticUtils::dnsResolve(host, result), *address != '\0') << host;
+        EXPECT_EQ(result, address);
+        EXPECT_EQ(diagnosticUtils::pingHost(host, result), *address != '\0') << host;
     }
     for (const auto& [host, reason] :
          {std::pair{"rack-7", "Connection refused"}, {"db", "No route to host"}, {"example.com", "Host not found"}}) {

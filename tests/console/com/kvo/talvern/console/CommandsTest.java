@@ -24,7 +24,6 @@ import java.util.Map;
 import java.util.Set;
 import java.util.function.Consumer;
 import java.util.stream.Collectors;
-import java.util.stream.Stream;
 import org.junit.Before;
 import org.junit.Test;
 
@@ -187,13 +186,10 @@ public class CommandsTest {
         Fields show = json("show");
         assertEquals("TV0042", ((Fields) show.get("identity")).get("serialNumber"));
         Fields fan = (Fields) ((List<?>) ((Fields) show.get("sensors")).get("fans")).get(2);
-        assertEquals("false", fan.get("ok"));
         assertEquals(Set.of("name", "reading", "ok", "minimum", "maximum", "lowerWarning", "upperWarning",
                 "lowerCritical", "upperCritical"), fan.keySet());
 
         String otherJar = System.getProperty("talvern.build") + "/picocli.jar";
-        assertEquals(ExitCode.MISMATCH, run("check --jar " + otherJar));
-        assertTrue(out.toString().contains("\nclass          com.kvo.talvern.TalvernException "));
         assertEquals(ExitCode.MISMATCH, run("check --json --jar " + otherJar));
         Fields check = (Fields) Json.read(out.toString());
         assertEquals(Set.of("fits", "jars", "bridge", "platforms", "appliance", "natives", "members", "operations", "notCompared",
@@ -346,38 +342,35 @@ public class CommandsTest {
     public void fileOfTheApplianceIsChangedAsAWholeOrStaysAsItIs() throws IOException {
         Path folder = Files.createTempDirectory("appliance");
         Path file = folder.resolve("appliance.json");
-        Path link = Files.createSymbolicLink(folder.resolve("link.json"), file.getFileName());
-        Consumer<Fields> change = appliance -> appliance.put("nodeName", "rack-7");
-        new ApplianceFile(link).change(change);
-        assertEquals("rack-7", new ApplianceFile(link).read().get("nodeName"));
+        Path lock = folder.resolve("appliance.json.lock");
+        ApplianceFile appliance = new ApplianceFile(Files.createSymbolicLink(folder.resolve("link"), file.getFileName()));
+        Consumer<Fields> change = content -> content.put("nodeName", "rack-7");
+        appliance.change(change);
+        assertEquals("rack-7", appliance.read().get("nodeName"));
         Set<PosixFilePermission> mode = PosixFilePermissions.fromString("rw-r-----");
         Files.setPosixFilePermissions(file, mode);
-        boolean isRoot = Files.getAttribute(folder, "unix:uid").equals(0);
-        if (isRoot) {
-            Files.setAttribute(file, "unix:uid", 65534);
-        }
-        Files.delete(folder.resolve("appliance.json.lock"));
-        new ApplianceFile(link).change(change);
-        for (Path made : List.of(file, folder.resolve("appliance.json.lock"))) {
+        Object user = Files.getAttribute(folder, "unix:uid");
+        Object owner = user.equals(0) ? 65534 : user; // root can give files away
+        Files.setAttribute(file, "unix:uid", owner);
+        Files.delete(lock);
+        appliance.change(change);
+        for (Path made : List.of(file, lock)) {
             assertEquals(mode, Files.getPosixFilePermissions(made));
-            assertTrue(!isRoot || Files.getAttribute(made, "unix:uid").equals(65534));
+            assertEquals(owner, Files.getAttribute(made, "unix:uid"));
         }
-        Map<String, String> problems = Map.of("", "There is no JSON value.", "[]", "is no JSON object.",
-                "{\n]", "Wrong JSON in line 2: ", "\"\u00ff\"", "a text is not Unicode.",
-                "{\"a\": \"\\ud800\"}", "a text is not Unicode.", "{}", "is read-only.");
+        Map<String, String> problems = Map.of("", "There is no JSON value.", "[]", "is no JSON object.", "{\n]",
+                "Wrong JSON in line 2: ", "\"\u00ff\"", "a text is not Unicode.", "{\"a\": \"\\ud800\"}", "a text is not Unicode.");
         for (Map.Entry<String, String> problem : problems.entrySet()) {
             byte[] text = problem.getKey().getBytes(StandardCharsets.ISO_8859_1);
             Files.write(file, text);
-            Files.setPosixFilePermissions(file, PosixFilePermissions.fromString(
-                    problem.getKey().equals("{}") ? "r--r--r--" : "rw-------"));
-            Refusal refusal = assertThrows(Refusal.class, () -> new ApplianceFile(link).change(change));
+            Refusal refusal = assertThrows(Refusal.class, () -> appliance.change(change));
             assertTrue(refusal.getMessage(), refusal.getMessage().startsWith(file + ": " + problem.getValue()));
             assertArrayEquals(text, Files.readAllBytes(file));
-            Files.setPosixFilePermissions(file, mode);
         }
-        try (Stream<Path> left = Files.list(folder)) {
-            assertEquals(3, left.count());
-        }
+        Files.writeString(file, "{}");
+        Files.setPosixFilePermissions(file, PosixFilePermissions.fromString("r--r--r--"));
+        assertEquals(file + ": is read-only.", assertThrows(Refusal.class, () -> appliance.change(change)).getMessage());
+        assertEquals(Set.of("appliance.json", "appliance.json.lock", "link"), Set.of(folder.toFile().list()));
         assertThrows(Refusal.class, () -> new ApplianceFile(folder).read());
     }
 }
