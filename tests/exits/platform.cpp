@@ -16,9 +16,10 @@ extern "C" unsigned sleep(unsigned) { return 0; }
 namespace talvern::firmwareManagerUtils {
 
 std::int32_t upgrade(const std::string&, bool, bool, UpgradeCallback* callback) {
-    callback->progress(0, 2, FwUpgradeCode::verifying);  // a thread of Java's, which may end the JVM later
     std::atexit([] { std::fputs("destroyed\n", stderr); });
-    static const std::jthread reports{[=](const std::stop_token& isOver) {
+    static std::jthread reports;  // destroyed after what the bridge makes from here on
+    callback->progress(0, 2, FwUpgradeCode::verifying);  // a thread of Java's, which may end the JVM later
+    reports = std::jthread{[=](const std::stop_token& isOver) {
         std::mt19937 random{std::random_device{}()};
         // One report after the other, or some time apart.
         std::uniform_int_distribution<int> milliseconds{0, random() % 2 == 0 ? 0 : 200};
