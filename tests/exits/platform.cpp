@@ -1,10 +1,11 @@
 // A platform that the end of the process finds at work: it reports an upgrade from a thread of its own, at
 // any moment, and is destroyed only after that thread has ended. Loaded before the simulated appliance, whose
 // upgrade it replaces.
-#include <atomic>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <random>
+#include <stop_token>
 #include <thread>
 
 #include "platform/firmwareManagerUtils.h"
@@ -14,42 +15,19 @@ extern "C" unsigned sleep(unsigned) { return 0; }
 
 namespace talvern::firmwareManagerUtils {
 
-namespace {
-
-class Reports {
-  public:
-    Reports() = default;
-    ~Reports() {
-        isOver_ = true;
-        thread_.join();
-        std::fputs("destroyed\n", stderr);
-    }
-    Reports(const Reports&) = delete;
-    Reports& operator=(const Reports&) = delete;
-
-    void start(UpgradeCallback* target) {
-        thread_ = std::thread{[this, target] {
-            std::mt19937 random{std::random_device{}()};
-            // One report after the other, or some time apart.
-            std::uniform_int_distribution<int> milliseconds{0, random() % 2 == 0 ? 0 : 200};
-            while (!isOver_) {
-                target->progress(1, 2, FwUpgradeCode::writing);
-                std::this_thread::sleep_for(std::chrono::milliseconds{milliseconds(random)});
-            }
-        }};
-    }
-
-  private:
-    std::atomic<bool> isOver_{false};
-    std::thread thread_;
-};
-
-}  // namespace
-
 std::int32_t upgrade(const std::string&, bool, bool, UpgradeCallback* callback) {
-    static Reports reports;
+    std::atexit([] { std::fputs("destroyed\n", stderr); });
+    static std::jthread reports;  // destroyed after what the bridge makes from here on
     callback->progress(0, 2, FwUpgradeCode::verifying);  // a thread of Java's, which may end the JVM later
-    reports.start(callback);
+    reports = std::jthread{[=](const std::stop_token& isOver) {
+        std::mt19937 random{std::random_device{}()};
+        // One report after the other, or some time apart.
+        std::uniform_int_distribution<int> milliseconds{0, random() % 2 == 0 ? 0 : 200};
+        while (!isOver.stop_requested()) {
+            callback->progress(1, 2, FwUpgradeCode::writing);
+            std::this_thread::sleep_for(std::chrono::milliseconds{milliseconds(random)});
+        }
+    }};
     return 0;
 }
 

@@ -1,17 +1,10 @@
-#include <array>
-#include <cstdio>
-#include <cstring>
-#include <dlfcn.h>
 #include <gmock/gmock.h>
-#include <memory>
-#include <regex>
 #include <thread>
 
 #include "platform/applianceUtils.h"
 #include "platform/firmwareManagerUtils.h"
 #include "platform/messaging.h"
 #include "platform/nodeName.h"
-#include "platform/servicesUtils.h"
 #include "platform/statusUtils.h"
 
 using namespace talvern;
@@ -48,18 +41,6 @@ TEST(Appliance, ResetRestoresTheSettingsAndReportsTwoFiles) {
     EXPECT_EQ(statusUtils::getIntrusionStatus(), 0) << "no reset closes or opens the case";
 }
 
-TEST(Appliance, KeepsTheDisksOfAThreadUntilItAsksAgain) {
-    std::vector<statusUtils::DiskSnapShot*> mine;
-    ASSERT_TRUE(statusUtils::getRaidPhysDiskStatus(mine));
-    mine.at(0)->bay = 99;
-    std::thread{[] {
-        std::vector<statusUtils::DiskSnapShot*> others;
-        statusUtils::getRaidPhysDiskStatus(others);
-        EXPECT_EQ(others.at(0)->bay, 0);
-    }}.join();
-    EXPECT_EQ(mine[0]->bay, 99);
-}
-
 TEST(Appliance, UpgradesOnceAtATimeAndGoesBack) {
     using namespace firmwareManagerUtils;
     constexpr int busy = 5;
@@ -75,35 +56,12 @@ TEST(Appliance, UpgradesOnceAtATimeAndGoesBack) {
     EXPECT_FALSE(isReleaseKeyed());
 }
 
-TEST(Appliance, KnowsAServiceTestByItsNameWhoseCharactersAreNotKept) {
-    char name[] = "storage";
-    EXPECT_EQ(servicesUtils::startTest(name, 60), 0);
-    name[0] = 'X';
-    EXPECT_EQ(servicesUtils::startTest("storage", 60), 3);
-    EXPECT_EQ(servicesUtils::stopTest("storage"), 0);
-    EXPECT_EQ(servicesUtils::stopTest("storage"), 2);
-}
-
 TEST(Appliance, FailsInTheWayThatATextNames) {
     EXPECT_THROW(triggerException("int:"), int);
     EXPECT_THROW(triggerException("text:"), const char*);
     EXPECT_THROW(triggerException("validation:"), config::messaging::ValidationException);
     EXPECT_THROW(triggerException("change:"), config::messaging::ConfigChangeException);
     EXPECT_THROW(triggerException("internal"), std::runtime_error);
-}
-
-TEST(Library, ExportsWhatTheHeadersDeclareAndNothingElse) {
-    Dl_info library{};
-    ASSERT_NE(dladdr(reinterpret_cast<void*>(&nodeName::get), &library), 0);
-    const std::string command = std::string{"nm -DC --defined-only "} + library.dli_fname;
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> symbols{popen(command.c_str(), "r"), pclose};
-    const std::regex declared{"[0-9a-f]* [TDBVW] ((typeinfo|typeinfo name|vtable) for )?talvern::.*"};
-    std::size_t count = 0;
-    for (std::array<char, 4096> line{}; std::fgets(line.data(), line.size(), symbols.get()) != nullptr; ++count) {
-        const std::string symbol{line.data(), std::strcspn(line.data(), "\n")};
-        EXPECT_TRUE(std::regex_match(symbol, declared) && symbol.find("simulated") == std::string::npos) << symbol;
-    }
-    EXPECT_GT(count, 113U);
 }
 
 }  // namespace

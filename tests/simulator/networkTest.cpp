@@ -1,5 +1,4 @@
 #include <gmock/gmock.h>
-#include <thread>
 
 #include "platform/diagnosticUtils.h"
 #include "platform/ethernetInterfaces.h"
@@ -47,16 +46,15 @@ TEST(Names, AreKeptOrRefusedAsAWhole) {
 TEST(Diagnostics, KnowTheApplianceAndItsHostsTableWithoutANetwork) {
     ASSERT_EQ(nodeName::set("rack-7"), 0);
     ASSERT_TRUE(hostsUtils::deleteHostnames("127.0.0.1"));
-    for (const auto& [host, addresses] :
+    for (const auto& [host, address] :
          {std::pair{"LocalHost", "127.0.0.1"},
-          {"rack-7", "127.0.1.1"},
           {"db", "10.0.0.20"},
           {"2001:db8::1", "2001:db8::1"},
           {"example.com", ""}}) {
         std::string result;
-        EXPECT_EQ(diagnosticUtils::dnsResolve(host, result), *addresses != '\0') << host;
-        EXPECT_EQ(result, addresses);
-        EXPECT_EQ(diagnosticUtils::pingHost(host, result), *addresses != '\0') << host;
+        EXPECT_EQ(diagnosticUtils::dnsResolve(host, result), *address != '\0') << host;
+        EXPECT_EQ(result, address);
+        EXPECT_EQ(diagnosticUtils::pingHost(host, result), *address != '\0') << host;
     }
     for (const auto& [host, reason] :
          {std::pair{"rack-7", "Connection refused"}, {"db", "No route to host"}, {"example.com", "Host not found"}}) {
@@ -129,22 +127,6 @@ TEST(EthernetInterfaces, ShowVirtualAddressesWhereTheyAreAdded) {
     EXPECT_EQ(ethernet::removeVIPFromInterface("eth1", "10.0.0.91"), 0);
     EXPECT_NE(ethernet::removeVIPFromInterface("eth1", "10.0.0.91"), 0);
     EXPECT_EQ(ethernet::removeVIPFromInterface("eth1", "2001:db8::91"), 0);
-}
-
-TEST(EthernetInterfaces, KeepTheRecordsOfAThreadWhileOthersAsk) {
-    const types::KeyValPair* eth0 = ethernet::getInterface("eth0");
-    const types::InterfaceStatus* status = ethernet::getAggregateStatus("agg0");
-    const std::size_t details = status->details.size();
-    std::thread{[] {
-        ethernet::getInterface("eth1");
-        ethernet::addVIPToInterface("agg0", "10.0.0.94");
-        ethernet::getAggregateStatus("agg0");
-    }}.join();
-    ethernet::getVLANStatus("vlan100");
-    EXPECT_THAT(eth0->pairs, Contains(Pair("name", "eth0")));
-    EXPECT_EQ(status->details.size(), details);
-    EXPECT_EQ(ethernet::getAggregateStatus("agg0")->details.size(), details + 1);
-    EXPECT_EQ(ethernet::removeVIPFromInterface("agg0", "10.0.0.94"), 0);
 }
 
 }  // namespace

@@ -15,14 +15,16 @@ public final class BareLoader extends ClassLoader {
     }
 
     /**
-     * Uses the API.
+     * Uses the API: each jar by a loader of its own, as an application server may.
      *
-     * @param jar the API's jar
+     * @param jars the API's jar, once or several times
      */
-    public static void main(String[] jar) throws Exception {
-        try (ZipFile content = new ZipFile(jar[0])) {
-            Class<?> nodeName = new BareLoader(content).loadClass("com.kvo.talvern.appliance.NodeName");
-            System.out.println(nodeName.getMethod("getNodeName").invoke(nodeName.getConstructor().newInstance()));
+    public static void main(String[] jars) throws Exception {
+        for (String jar : jars) {
+            try (ZipFile content = new ZipFile(jar)) {
+                Class<?> nodeName = new BareLoader(content).loadClass("com.kvo.talvern.appliance.NodeName");
+                nodeName.getMethod("getNodeName").invoke(nodeName.getConstructor().newInstance());
+            }
         }
     }
 

@@ -4,7 +4,8 @@ import com.kvo.talvern.TalvernException;
 import com.kvo.talvern.config.AdminState;
 import com.kvo.talvern.config.ServiceUtils;
 import com.kvo.talvern.config.Value;
-import java.util.concurrent.Callable;
+import java.util.concurrent.ExecutionException;
+import java.util.concurrent.FutureTask;
 
 /** Deep trees on small stacks. */
 public final class Depth {
@@ -19,33 +20,30 @@ public final class Depth {
         for (int levels : new int[] {1, 2, 999, 1000, 1001, 100_000}) {
             Value tree = Values.nested(levels);
             for (int stackKib : new int[] {192, 8192}) {
-                surprises.append(outcome(stackKib, levels, tree::asXML));
-                surprises.append(outcome(stackKib, levels, () -> {
+                surprises.append(outcome(stackKib, levels, new FutureTask<>(tree::asXML)));
+                surprises.append(outcome(stackKib, levels, new FutureTask<>(() -> {
                     service.createObject(TYPE, "", "deep", tree, AdminState.ENABLED, true);
                     if (!service.queryObject(TYPE, "", "deep").asXML().equals(tree.asXML())) {
                         throw new AssertionError("another tree came back");
                     }
                     return service.deleteObject(TYPE, "", "deep");
-                }));
+                })));
             }
         }
         return surprises.toString();
     }
 
-    private static String outcome(int stackKib, int levels, Callable<?> call) throws InterruptedException {
-        Throwable[] thrown = new Throwable[1];
+    private static String outcome(int stackKib, int levels, FutureTask<?> task) throws InterruptedException {
         long stack = stackKib * 1024L * Integer.getInteger("talvern.stackFactor"); // sanitized code needs more
-        Thread thread = new Thread(null, () -> {
-            try {
-                call.call();
-            } catch (Throwable t) {
-                thrown[0] = t;
-            }
-        }, "deep", stack);
-        thread.start();
-        thread.join();
-        boolean isExpected = levels <= 1000 ? thrown[0] == null
-                : thrown[0] instanceof TalvernException && thrown[0].getMessage().contains("1000");
-        return isExpected ? "" : levels + " levels, " + stackKib + " KiB: " + thrown[0] + "\n";
+        new Thread(null, task, "deep", stack).start();
+        Throwable thrown = null;
+        try {
+            task.get();
+        } catch (ExecutionException e) {
+            thrown = e.getCause();
+        }
+        boolean isExpected = levels <= 1000 ? thrown == null
+                : thrown instanceof TalvernException && thrown.getMessage().contains("1000");
+        return isExpected ? "" : levels + " levels, " + stackKib + " KiB: " + thrown + "\n";
     }
 }

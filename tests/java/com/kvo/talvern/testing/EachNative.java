@@ -6,11 +6,9 @@ import com.kvo.talvern.config.Value;
 import com.kvo.talvern.firmwaremanager.FirmwareManagerUtils;
 import java.lang.reflect.InvocationTargetException;
 import java.lang.reflect.Method;
-import java.lang.reflect.Modifier;
 import java.util.ArrayList;
-import java.util.LinkedHashSet;
 import java.util.List;
-import java.util.Set;
+import java.util.stream.Stream;
 
 /** Calls every native method of the API. */
 public final class EachNative {
@@ -22,35 +20,19 @@ public final class EachNative {
 
     /** What the native methods throw when called with plausible arguments: a line for each, empty for nothing. */
     public static String thrown() throws ReflectiveOperationException, java.io.IOException {
-        String[] natives = Natives.list(System.getProperty("java.class.path").split(":")[0], "com/kvo/talvern/");
-        Set<Class<?>> classes = new LinkedHashSet<>();
-        for (int i = 0; i < natives.length; i += 3) {
-            classes.add(Class.forName(natives[i].replace('/', '.')));
-        }
         List<String> thrown = new ArrayList<>();
-        for (Class<?> each : classes) {
-            for (Method method : each.getDeclaredMethods()) {
-                if (Modifier.isNative(method.getModifiers())) {
-                    thrown.add(thrownBy(method, each == Value.class ? new SimpleValue("text", false)
-                            : each.getDeclaredConstructor().newInstance()));
-                }
+        for (Method method : Natives.of(System.getProperty("java.class.path").split(":")[0], "com/kvo/talvern/")) {
+            Class<?> owner = method.getDeclaringClass();
+            Object receiver = owner == Value.class ? plausible(owner) : owner.getDeclaredConstructor().newInstance();
+            method.setAccessible(true);
+            try {
+                method.invoke(receiver, Stream.of(method.getParameterTypes()).map(EachNative::plausible).toArray());
+                thrown.add("");
+            } catch (InvocationTargetException e) {
+                thrown.add(e.getCause().toString());
             }
         }
         return String.join("\n", thrown);
-    }
-
-    private static String thrownBy(Method method, Object receiver) throws IllegalAccessException {
-        Object[] arguments = new Object[method.getParameterCount()];
-        for (int i = 0; i < arguments.length; i++) {
-            arguments[i] = plausible(method.getParameterTypes()[i]);
-        }
-        method.setAccessible(true);
-        try {
-            method.invoke(receiver, arguments);
-            return "";
-        } catch (InvocationTargetException e) {
-            return e.getCause().toString();
-        }
     }
 
     private static Object plausible(Class<?> type) {

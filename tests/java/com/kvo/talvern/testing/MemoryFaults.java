@@ -1,5 +1,7 @@
 package com.kvo.talvern.testing;
 
+import java.util.concurrent.CompletableFuture;
+
 /** Native methods whose faults only a sanitizer sees. */
 public final class MemoryFaults {
     static {
@@ -17,14 +19,13 @@ public final class MemoryFaults {
     static native void countsUnguarded();
 
     /** Lets two threads count at once. */
-    public static String race() throws InterruptedException {
+    public static String race() {
         Runnable count = () -> {
             for (int i = 0; i < 100_000; i++) {
                 countsUnguarded();
             }
         };
-        Thread other = new Thread(count);
-        other.start();
+        CompletableFuture<Void> other = CompletableFuture.runAsync(count);
         count.run();
         other.join();
         return "";

@@ -2,12 +2,11 @@ package com.kvo.talvern.testing;
 
 import com.kvo.talvern.firmwaremanager.FirmwareManagerUtils;
 import com.kvo.talvern.firmwaremanager.UpgradeCode;
-import java.io.File;
-import java.net.MalformedURLException;
 import java.net.URL;
 import java.net.URLClassLoader;
 import java.util.ArrayList;
 import java.util.List;
+import java.util.stream.Stream;
 
 /** Shows as text what was reported to it. */
 public class RecordingCallback implements FirmwareManagerUtils.UpgradeCallback {
@@ -52,13 +51,11 @@ public class RecordingCallback implements FirmwareManagerUtils.UpgradeCallback {
     }
 
     /** An object whose class and interface come from a class loader that nobody else knows. */
-    public static Object fromHiddenClasses() throws ReflectiveOperationException, MalformedURLException {
-        List<URL> jars = new ArrayList<>();
-        for (String jar : System.getProperty("java.class.path").split(File.pathSeparator)) {
-            jars.add(new File(jar).toURI().toURL());
-        }
+    public static Object fromHiddenClasses() throws ReflectiveOperationException {
+        URL[] jars = Stream.of(RecordingCallback.class, FirmwareManagerUtils.class)
+                .map(each -> each.getProtectionDomain().getCodeSource().getLocation()).toArray(URL[]::new);
         @SuppressWarnings("resource") // stays open as long as its classes are used
-        ClassLoader loader = new URLClassLoader(jars.toArray(new URL[0]), null);
+        ClassLoader loader = new URLClassLoader(jars, null);
         return loader.loadClass(RecordingCallback.class.getName()).getDeclaredConstructor().newInstance();
     }
 }

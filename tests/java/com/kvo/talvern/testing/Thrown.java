@@ -16,24 +16,20 @@ public final class Thrown {
     public static void main(String[] arguments) {
         ServiceUtils service = new ServiceUtils();
         SimpleValue value = new SimpleValue("", false);
-        for (int i = 0; i < 5; ++i) {
-            show(() -> service.createObject("type", null, "name", value, AdminState.ENABLED, true));
-        }
-        for (int i = 0; i < 5; ++i) {
-            show(() -> service.validateObject("type", value));
-        }
-        for (int i = 0; i < 5; ++i) {
-            show(() -> new NodeName().setNodeName("name"));
-        }
+        show(() -> service.createObject("type", null, "name", value, AdminState.ENABLED, true));
+        show(() -> service.validateObject("type", value));
+        show(() -> new NodeName().setNodeName("name"));
     }
 
     private static void show(Runnable call) {
-        try {
-            call.run();
-        } catch (ConfigChangeException e) {
-            System.out.println(e.getClass().getSimpleName() + " " + e.getCode() + " " + e.getMessage() + e.getDetails());
-        } catch (RuntimeException e) {
-            System.out.println(e.getClass().getSimpleName() + " " + e.getMessage());
+        for (int i = 0; i < 5; ++i) {
+            try {
+                call.run();
+            } catch (ConfigChangeException e) {
+                System.out.println("ConfigChangeException " + e.getCode() + " " + e.getMessage() + e.getDetails());
+            } catch (RuntimeException e) {
+                System.out.println(e.getClass().getSimpleName() + " " + e.getMessage());
+            }
         }
     }
 }

@@ -10,21 +10,17 @@ public final class UsedTwice {
      * @param arguments not used
      */
     public static void main(String[] arguments) {
-        LinkageError first = use();
-        LinkageError second = use();
-        if (first != null && !first.toString().equals(String.valueOf(second))) {
-            throw new AssertionError("first " + first + ", then " + second);
-        } else if (first != null) {
-            throw first;
-        }
-    }
-
-    private static LinkageError use() {
         try {
             new NodeName().getNodeName();
-            return null;
-        } catch (LinkageError e) {
-            return e;
+        } catch (LinkageError first) {
+            try {
+                new NodeName();
+            } catch (LinkageError second) {
+                if (second.toString().equals(first.toString())) {
+                    throw first;
+                }
+            }
+            throw new AssertionError("another use gives no such reason", first);
         }
     }
 }

@@ -17,6 +17,7 @@ import java.util.Random;
 import java.util.Set;
 import java.util.TreeMap;
 import java.util.function.Supplier;
+import java.util.stream.Stream;
 
 /** Configuration values: random, deep, repeated, and such as the bridge must withstand. */
 public final class Values {
@@ -69,41 +70,39 @@ public final class Values {
         return TEXTS[random.nextInt(TEXTS.length)] + TEXTS[random.nextInt(2)];
     }
 
+    private static StructValue struct(String key, Value member) {
+        StructValue value = new StructValue(false);
+        value.put(key, member);
+        return value;
+    }
+
+    private static ArrayValue array(Value... elements) {
+        ArrayValue value = new ArrayValue(false);
+        Stream.of(elements).forEach(value::add);
+        return value;
+    }
+
     /** A text below `levels - 1` structures and lists. */
     public static Value nested(int levels) {
         Value value = new SimpleValue("innermost", false);
         for (int level = 1; level < levels; level++) {
-            if (level % 2 == 0) {
-                StructValue outer = new StructValue(false);
-                outer.put("inner", value);
-                value = outer;
-            } else {
-                ArrayValue outer = new ArrayValue(false);
-                outer.add(value);
-                value = outer;
-            }
+            value = level % 2 == 0 ? struct("inner", value) : array(value);
         }
         return value;
     }
 
     /** Lists of two elements each, which are the same: 2^(levels - 1) times a text under a key. */
     public static Value doubled(int levels, String text) {
-        StructValue innermost = new StructValue(false);
-        innermost.put(text, new SimpleValue(text, false));
-        Value value = innermost;
+        Value value = struct(text, new SimpleValue(text, false));
         for (int level = 1; level < levels; level++) {
-            ArrayValue outer = new ArrayValue(false);
-            outer.add(value);
-            outer.add(value);
-            value = outer;
+            value = array(value, value);
         }
         return value;
     }
 
     /** A structure with a member that is not as it should be. */
     public static Value faulty(String fault) {
-        StructValue value = new StructValue(false);
-        value.put("first", new SimpleValue("good", false));
+        StructValue value = struct("first", new SimpleValue("good", false));
         value.put("second", member(fault));
         value.put("third", new SimpleValue("good", false));
         return value;
@@ -115,11 +114,9 @@ public final class Values {
             case "unknown kind":
                 return new Value(true) {};
             case "null text":
-                return new Text(() -> null, () -> true);
             case "throwing text":
-                return new Text(() -> fail("getValue"), () -> true);
             case "throwing flag":
-                return new Text(() -> "text", () -> fail("getMU"));
+                return text(fault);
             case "null iterator":
                 return new Elements(() -> null);
             case "throwing iterator":
@@ -145,26 +142,18 @@ public final class Values {
         throw new IllegalStateException(method);
     }
 
-    /** A text whose parts are asked for. */
-    private static final class Text extends SimpleValue {
-        private final Supplier<String> text;
-        private final Supplier<Boolean> flag;
+    private static Value text(String fault) {
+        return new SimpleValue("text", true) {
+            @Override
+            public String getValue() {
+                return fault.equals("null text") ? null : fault.equals("throwing text") ? fail("getValue") : "text";
+            }
 
-        Text(Supplier<String> text, Supplier<Boolean> flag) {
-            super("", false);
-            this.text = text;
-            this.flag = flag;
-        }
-
-        @Override
-        public String getValue() {
-            return text.get();
-        }
-
-        @Override
-        public boolean getMU() {
-            return flag.get();
-        }
+            @Override
+            public boolean getMU() {
+                return fault.equals("throwing flag") ? Values.<Boolean>fail("getMU") : true;
+            }
+        };
     }
 
     /** A list whose iterator is asked for. */

@@ -9,7 +9,6 @@ import com.kvo.talvern.internal.Requirements;
 import com.kvo.talvern.internal.Requirements.Kind;
 import com.kvo.talvern.internal.Requirements.Member;
 import java.io.File;
-import java.io.FileOutputStream;
 import java.io.IOException;
 import java.nio.ByteBuffer;
 import java.nio.ByteOrder;
@@ -25,12 +24,8 @@ import java.util.function.BiConsumer;
 import java.util.function.Predicate;
 import java.util.jar.JarFile;
 import java.util.stream.Collectors;
-import java.util.zip.ZipEntry;
-import java.util.zip.ZipOutputStream;
 import org.junit.BeforeClass;
-import org.junit.ClassRule;
 import org.junit.Test;
-import org.junit.rules.TemporaryFolder;
 import org.objectweb.asm.ClassReader;
 import org.objectweb.asm.ClassWriter;
 import org.objectweb.asm.Opcodes;
@@ -38,29 +33,18 @@ import org.objectweb.asm.tree.ClassNode;
 import org.objectweb.asm.tree.MethodNode;
 
 /** Each thing that the bridge needs is taken away or changed in turn, and the comparison must name it. */
-public class FitTest {
-    private static final File BUILD = new File(System.getProperty("talvern.build"));
+public class FitTest extends ChangedFiles {
     private static final File SOURCES = new File(System.getProperty("talvern.sources"));
-    private static final File JAR = new File(BUILD, "talvern-api.jar");
-    private static final File BRIDGE = new File(BUILD, "libtalvernjni.so");
-    private static final File PLATFORM = new File(BUILD, Fit.PLATFORM);
 
     private static final int NEEDED_VERSIONS = 0x6ffffffe;
 
-    @ClassRule
-    public static final TemporaryFolder FOLDER = new TemporaryFolder();
-
-    private static final Map<String, byte[]> CLASSES = new TreeMap<>();
+    private static Map<String, byte[]> classes;
     private static ElfLibrary bridge;
     private static List<Member> members;
 
     @BeforeClass
     public static void readWhatFits() throws IOException {
-        try (JarFile jar = new JarFile(JAR)) {
-            for (ZipEntry entry : jar.stream().collect(Collectors.toList())) {
-                CLASSES.put(entry.getName(), jar.getInputStream(entry).readAllBytes());
-            }
-        }
+        classes = entries();
         bridge = ElfLibrary.read(BRIDGE);
         members = new Requirements(bridge).members();
     }
@@ -71,7 +55,7 @@ public class FitTest {
         assertEquals("", describe(fit.findings()));
         assertTrue(fit.natives() > 0 && fit.members() > 0 && fit.operations() > 0);
 
-        Map<String, byte[]> newer = new TreeMap<>(CLASSES); // classes of a newer Java
+        Map<String, byte[]> newer = new TreeMap<>(classes); // classes of a newer Java
         newer.replaceAll((name, bytes) -> name.endsWith(".class") ? withByte(bytes, 7, 99) : bytes);
         assertEquals("", describe(compareJars(jar(newer))));
     }
@@ -91,21 +75,17 @@ public class FitTest {
     }
 
     @Test
-    public void namesEachClassThatIsMissingOrNoThrowable() throws IOException {
-        for (String name : members.stream().map(member -> member.className).collect(Collectors.toSet())) {
-            Map<String, byte[]> rest = new TreeMap<>(CLASSES);
-            rest.remove(name + ".class");
-            ClassNode other = read(name);
+    public void namesEachClassThatIsNoThrowable() throws IOException {
+        List<Member> throwables = members.stream().filter(member -> member.kind == Kind.THROWABLE)
+                .collect(Collectors.toList());
+        Map<String, byte[]> changed = new TreeMap<>();
+        for (Member member : throwables) {
+            ClassNode other = read(member.className);
             other.superName = "java/lang/Object";
-            List<Finding> missing = compareJars(jar(rest));
-            List<Finding> changed = compareJars(jar(Map.of(name + ".class", write(other))), JAR);
-            for (Member member : members) {
-                if (member.className.equals(name)) {
-                    boolean isThrowable = member.kind == Kind.THROWABLE;
-                    assertNamed(isThrowable ? changed : missing, member, isThrowable ? "is no Throwable" : "missing");
-                }
-            }
+            changed.put(member.className + ".class", write(other));
         }
+        List<Finding> findings = compareJars(jar(changed), JAR);
+        throwables.forEach(member -> assertNamed(findings, member, "is no Throwable"));
     }
 
     @Test
@@ -113,11 +93,19 @@ public class FitTest {
         Set<String> operations = bridge.importsFrom(Fit.PLATFORM);
         Set<String> natives = bridge.exports();
         natives.removeIf(symbol -> !symbol.startsWith("Java_"));
-        assertAll("platform", operations, "missing",
-                compare(List.of(JAR), BRIDGE, changed(PLATFORM, operations, true)));
+        List<Finding> missing = compareLibraries(BRIDGE, changed(PLATFORM, operations, true));
+        assertAll("platform", operations, "missing", missing);
         assertAll("platform", operations, "missing, there is ",
-                compare(List.of(JAR), BRIDGE, changed(PLATFORM, operations, false)));
-        assertAll("bridge", natives, "missing", compare(List.of(JAR), changed(BRIDGE, natives, false), PLATFORM));
+                compareLibraries(BRIDGE, changed(PLATFORM, operations, false)));
+        assertAll("bridge", natives, "missing", compareLibraries(changed(BRIDGE, natives, false), PLATFORM));
+
+        for (Finding finding : missing) { // sorted by the header that declares it
+            String name = finding.name.replaceFirst("\\(.*", "").replaceFirst(".*::", "");
+            assertTrue(finding.name + " in " + finding.header,
+                    Files.readString(new File(SOURCES, finding.header).toPath()).matches("(?s).*\\W" + name + "\\W.*"));
+        }
+        assertEquals(missing, missing.stream().sorted(Comparator.comparing((Finding finding) -> finding.header)
+                .thenComparing(finding -> finding.name)).collect(Collectors.toList()));
     }
 
     @Test
@@ -130,51 +118,42 @@ public class FitTest {
     }
 
     @Test
-    public void namesAllInOneRun() throws IOException {
-        List<Finding> findings = compare(List.of(jar(Map.of("empty", new byte[0]))), BRIDGE, BRIDGE);
-        long expected = members.stream().filter(member -> member.kind != Kind.THROWABLE).count()
-                + bridge.importsFrom(Fit.PLATFORM).size();
-        assertEquals(expected, findings.stream().map(finding -> finding.kind + finding.name).distinct().count());
-    }
-
-    @Test
-    public void namesTheHeaderThatDeclaresAnOperation() throws IOException {
-        List<Finding> findings = compare(List.of(JAR), BRIDGE, changed(PLATFORM, bridge.importsFrom(Fit.PLATFORM), true));
-        for (Finding finding : findings) {
-            String name = finding.name.replaceFirst("\\(.*", "").replaceFirst(".*::", "");
-            assertTrue(finding.name + " in " + finding.header,
-                    Files.readString(new File(SOURCES, finding.header).toPath()).matches("(?s).*\\W" + name + "\\W.*"));
-        }
-        assertEquals(findings, findings.stream().sorted(Comparator.comparing((Finding finding) -> finding.header)
-                .thenComparing(finding -> finding.name)).collect(Collectors.toList()));
+    public void namesAllThatIsMissingInOneRun() throws IOException {
+        List<Finding> findings = new Fit(List.of(jar(Map.of("empty", new byte[0]))), BRIDGE, List.of(BRIDGE)).findings();
+        List<Member> missing = members.stream().filter(member -> member.kind != Kind.THROWABLE)
+                .collect(Collectors.toList());
+        missing.forEach(member -> assertNamed(findings, member, "missing"));
+        assertEquals(missing.size() + bridge.importsFrom(Fit.PLATFORM).size(),
+                findings.stream().map(finding -> finding.kind + finding.name).distinct().count());
     }
 
     @Test
     public void namesOtherReleasesAndProcessors() throws IOException {
-        Map<String, byte[]> older = new TreeMap<>(CLASSES);
+        Map<String, byte[]> older = new TreeMap<>(classes);
         older.put(JarFile.MANIFEST_NAME, "Manifest-Version: 1.0\nImplementation-Version: 0.9\n".getBytes());
         assertEquals("jar version 0.9", names(compareJars(jar(older))));
 
-        File platform = file(withByte(Files.readAllBytes(PLATFORM.toPath()), 18, 183));
-        assertEquals("platform processor AArch64", names(compare(List.of(JAR), BRIDGE, platform)));
-        File foreign = file(withByte(Files.readAllBytes(BRIDGE.toPath()), 18, 183));
-        assertEquals("bridge processor AArch64", names(compare(List.of(JAR), foreign, platform)));
+        File platform = file("platform.so", withByte(Files.readAllBytes(PLATFORM.toPath()), 18, 183));
+        assertEquals("platform processor AArch64", names(compareLibraries(BRIDGE, platform)));
+        File foreign = file("bridge.so", withByte(Files.readAllBytes(BRIDGE.toPath()), 18, 183));
+        assertEquals("bridge processor AArch64", names(compareLibraries(foreign, platform)));
     }
 
     @Test
     public void namesWhatTheSystemLacks() throws IOException {
         File newer = replaced(BRIDGE, "GLIBCXX_3.4.2", "GLIBCXX_9.4.2");
-        assertEquals("bridge version GLIBCXX_9.4.2", names(compare(List.of(JAR), newer, PLATFORM)).substring(0, 28));
+        assertEquals("bridge version GLIBCXX_9.4.2", names(compareLibraries(newer, PLATFORM)).substring(0, 28));
         File needy = replaced(PLATFORM, "libstdc++.so.6", "libother+.so.6");
-        assertEquals("platform library libother+.so.6", names(compare(List.of(JAR), BRIDGE, needy)));
+        assertEquals("platform library libother+.so.6", names(compareLibraries(BRIDGE, needy)));
     }
 
     @Test(timeout = 300_000) // some damages are circles
     public void namesDamagedFiles() throws IOException {
         byte[] platform = Files.readAllBytes(PLATFORM.toPath());
-        for (File damaged : List.of(file(Arrays.copyOf(platform, 9999)), file(withByte(platform, 0, 0)))) {
-            assertEquals("platform file " + damaged, names(compare(List.of(JAR), BRIDGE, damaged)));
-            assertEquals("bridge file " + damaged, names(compare(List.of(JAR), damaged, PLATFORM)));
+        for (File damaged : List.of(file("short", Arrays.copyOf(platform, 9999)),
+                file("other", withByte(platform, 0, 0)))) {
+            assertEquals("platform file " + damaged, names(compareLibraries(BRIDGE, damaged)));
+            assertEquals("bridge file " + damaged, names(compareLibraries(damaged, PLATFORM)));
             assertEquals("jar file " + damaged, names(compareJars(damaged)));
         }
         ByteBuffer circle = ByteBuffer.wrap(Files.readAllBytes(BRIDGE.toPath())).order(ByteOrder.LITTLE_ENDIAN);
@@ -185,8 +164,8 @@ public class FitTest {
         int first = (int) circle.getLong(header + 24);
         int next = circle.getInt(first + 12);
         circle.putInt(first + next + 12, -next);
-        File circular = file(circle.array());
-        assertEquals("bridge file " + circular, names(compare(List.of(JAR), circular, PLATFORM)));
+        File circular = file("circular.so", circle.array());
+        assertEquals("bridge file " + circular, names(compareLibraries(circular, PLATFORM)));
 
         ClassNode ownParent = read("com/kvo/talvern/TalvernException");
         ownParent.superName = ownParent.name;
@@ -206,25 +185,17 @@ public class FitTest {
         String symbol = bridge.importsFrom(Fit.PLATFORM).iterator().next();
         for (String name : List.of("@/etc/passwd", "\u001b[31mred", "_Z\n_Z1f")) {
             File changed = replaced(BRIDGE, "\0" + symbol, "\0" + name + symbol.substring(name.length()));
-            Finding finding = compare(List.of(JAR), changed, PLATFORM).get(0);
+            Finding finding = compareLibraries(changed, PLATFORM).get(0);
             assertEquals((name + symbol.substring(name.length())).replace("\u001b", "\\u001b").replace("\n", "\\u000a"),
                     finding.name);
         }
     }
 
-    private static List<Finding> compareJars(File... jars) {
-        return compare(List.of(jars), BRIDGE, PLATFORM);
-    }
-
-    private static List<Finding> compare(List<File> jars, File library, File platform) {
-        return new Fit(jars, library, List.of(platform)).findings();
-    }
-
     /** Changes all methods of all classes. */
     private static void assertNames(Predicate<Member> selection, String problem,
             BiConsumer<ClassNode, MethodNode> change) throws IOException {
-        Map<String, byte[]> changed = new TreeMap<>(CLASSES);
-        for (String name : CLASSES.keySet()) {
+        Map<String, byte[]> changed = new TreeMap<>(classes);
+        for (String name : classes.keySet()) {
             if (name.endsWith(".class")) {
                 ClassNode javaClass = read(name.replace(".class", ""));
                 List.copyOf(javaClass.methods).forEach(method -> change.accept(javaClass, method));
@@ -247,17 +218,18 @@ public class FitTest {
             int place = content.indexOf("\0" + symbol + "\0") + (atStart ? 1 : symbol.length());
             bytes[place] = (byte) (bytes[place] == 'l' ? 'm' : 'l');
         }
-        return file(bytes);
+        return file("changed.so", bytes);
     }
 
     private static File replaced(File library, String text, String other) throws IOException {
         String content = Files.readString(library.toPath(), StandardCharsets.ISO_8859_1);
         assertTrue(text, content.contains(text) && text.length() == other.length());
-        return file(content.replace(text, other).getBytes(StandardCharsets.ISO_8859_1));
+        return file("changed.so", content.replace(text, other).getBytes(StandardCharsets.ISO_8859_1));
     }
 
     private static void assertNamed(List<Finding> findings, Member member, String problem) {
-        String name = member.className.replace('/', '.') + (member.name.isEmpty() ? "" : methodName(member));
+        String name = member.className.replace('/', '.')
+                + (member.name.isEmpty() ? "" : member.name.equals("<init>") ? "(" : "." + member.name + "(");
         assertTrue(name + " is not among " + describe(findings), findings.stream().anyMatch(finding ->
                 finding.party.equals("jar") && finding.name.startsWith(name) && finding.problem.startsWith(problem)));
     }
@@ -268,10 +240,6 @@ public class FitTest {
             assertEquals(party, finding.party);
             assertTrue(finding.problem, finding.problem.startsWith(problem));
         }
-    }
-
-    private static String methodName(Member member) {
-        return (member.name.equals("<init>") ? "" : "." + member.name) + "(";
     }
 
     private static String describe(List<Finding> findings) {
@@ -286,7 +254,7 @@ public class FitTest {
 
     private static ClassNode read(String name) {
         ClassNode javaClass = new ClassNode();
-        new ClassReader(CLASSES.get(name + ".class")).accept(javaClass, 0);
+        new ClassReader(classes.get(name + ".class")).accept(javaClass, 0);
         return javaClass;
     }
 
@@ -300,22 +268,5 @@ public class FitTest {
         byte[] changed = bytes.clone();
         changed[position] = (byte) value;
         return changed;
-    }
-
-    private static File file(byte[] content) throws IOException {
-        File file = FOLDER.newFile();
-        Files.write(file.toPath(), content);
-        return file;
-    }
-
-    private static File jar(Map<String, byte[]> content) throws IOException {
-        File file = new File(FOLDER.getRoot(), "changed.jar");
-        try (ZipOutputStream jar = new ZipOutputStream(new FileOutputStream(file))) {
-            for (Map.Entry<String, byte[]> entry : content.entrySet()) {
-                jar.putNextEntry(new ZipEntry(entry.getKey()));
-                jar.write(entry.getValue());
-            }
-        }
-        return file;
     }
 }
