@@ -17,7 +17,7 @@ namespace talvern::firmwareManagerUtils {
 
 std::int32_t upgrade(const std::string&, bool, bool, UpgradeCallback* callback) {
     std::atexit([] { std::fputs("destroyed\n", stderr); });
-    static std::jthread reports;  // destroyed after what the bridge makes from here on
+    static std::jthread reports;                         // destroyed after what the bridge makes from here on
     callback->progress(0, 2, FwUpgradeCode::verifying);  // a thread of Java's, which may end the JVM later
     reports = std::jthread{[=](const std::stop_token& isOver) {
         std::mt19937 random{std::random_device{}()};

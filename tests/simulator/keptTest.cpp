@@ -394,9 +394,7 @@ TEST_F(Kept, DamagedFileIsReadOrRefusedAndNeverMore) {
         const auto [otherPosition, otherLength] = places[any(places.size())];
         const auto [number, digits] = numbers[any(numbers.size())];
         switch (any(5)) {
-            case 0:
-                text.resize(any(text.size()));
-                break;
+            case 0: text.resize(any(text.size())); break;
             case 1:
                 for (auto count = any(20); count > 0; --count) text[any(text.size())] = static_cast<char>(any(256));
                 break;
@@ -411,8 +409,7 @@ TEST_F(Kept, DamagedFileIsReadOrRefusedAndNeverMore) {
                     position, length,
                     any(2) == 0 ? tokens[any(tokens.size())] : good.substr(otherPosition, otherLength));
                 break;
-            default:
-                text.replace(number, digits, extremes[any(extremes.size())]);
+            default: text.replace(number, digits, extremes[any(extremes.size())]);
         }
         writeFile(text);
         // All of the memory is read and written; a text that was accepted is one that is accepted again.

@@ -14,10 +14,10 @@ const char* libraryFolder() {
 
 JavaVM* createJvm() {
     std::vector<std::string> options{
-        "-Djava.class.path=" TALVERN_API_JAR ":" TALVERN_TESTS_JAR,
+        std::string{"-Djava.class.path="} + TALVERN_API_JAR + ":" TALVERN_TESTS_JAR,
         std::string{"-Dtalvern.library.path="} + libraryFolder(),
-        "-Dtalvern.planted.library=" TALVERN_PLANTED_LIBRARY,
-        "-Dtalvern.stackFactor=" TALVERN_STACK_FACTOR,
+        std::string{"-Dtalvern.planted.library="} + TALVERN_PLANTED_LIBRARY,
+        std::string{"-Dtalvern.stackFactor="} + TALVERN_STACK_FACTOR,
         "-Xmx2g",
         // What -Xcheck:jni finds goes to a file: it would drown everything else.
         "-XX:+UnlockDiagnosticVMOptions",
