@@ -1,7 +1,5 @@
 #include "platform/applianceUtils.h"
 
-#include <jni.h>
-
 #include <string>
 #include <system_error>
 #include <vector>
@@ -117,8 +115,7 @@ JNIEXPORT jobjectArray JNICALL Java_com_kvo_talvern_appliance_ApplianceUtils__1g
         jclass javaClass = findClass(env, "com/kvo/talvern/appliance/ComponentFirmware");
         const Constructor<"(ILjava/lang/String;)V"> create{env, javaClass};
         const Constructor<"()V"> createBlank{env, javaClass};
-        std::vector<applianceUtils::ComponentFirmware> components;
-        if (!applianceUtils::getComponentInfo(components)) components.clear();
+        const std::vector<applianceUtils::ComponentFirmware> components = readList(applianceUtils::getComponentInfo);
         return toJavaArray(env, javaClass, createBlank(), components, [&](const auto& component) {
             return create(jint{component.component}, toJavaString(env, component.firmware));
         });

@@ -41,6 +41,14 @@ jstring elementOf(JNIEnv* env, jobjectArray strings, jsize index);
 /// @throws std::length_error  no Java array can have so many elements
 jsize toJavaSize(std::size_t size);
 
+/// What `read` puts into an empty list; nothing if it fails, since Java is told the same of both.
+template <typename Entry>
+std::vector<Entry> readList(bool (*read)(std::vector<Entry>&)) {
+    std::vector<Entry> list;
+    if (!read(list)) list.clear();
+    return list;
+}
+
 /// Makes sure that each pointer of a list from the platform leads to a record.
 /// @throws std::runtime_error  one is null; the message names the list and the index
 template <typename Record>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <jni.h>
+#include <jni.h>  // IWYU pragma: export
 
 #include <concepts>
 #include <cstddef>
@@ -16,7 +16,8 @@
 
 // Native methods that pass their arguments on to one operation of the platform, and its answer back. How each is
 // converted follows from what the operation declares and what Java has. The compiler refuses what does not fit.
-// Brings the frames, the conversions and the characters of strings along, for the native methods that do more.
+// Brings the JNI, the frames, the conversions and the characters of strings along: all that a file of native methods
+// needs of the bridge.
 
 namespace talvern::bridge {
 

@@ -78,12 +78,9 @@ constexpr bool accepts(std::string_view type) {
 
 template <Literal Signature, typename... Arguments>
 constexpr bool acceptsAll() {
-    if constexpr (parameterCount(Signature.view()) != sizeof...(Arguments)) {
-        return false;
-    } else {
-        [[maybe_unused]] std::size_t index = 0;
-        return (accepts<Arguments>(parameterType(Signature.view(), index++)) && ...);
-    }
+    [[maybe_unused]] std::size_t index = 0;
+    return parameterCount(Signature.view()) == sizeof...(Arguments) &&
+           (accepts<Arguments>(parameterType(Signature.view(), index++)) && ...);
 }
 
 /// A call with these arguments fits the member that the JNI signature describes.

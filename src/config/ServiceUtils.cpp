@@ -1,12 +1,8 @@
-#include <jni.h>
-
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "bridge/entryPoint.h"
-#include "bridge/marshalling.h"
-#include "bridge/utfStrings.h"
+#include "bridge/passOn.h"
 #include "config/states.h"
 #include "config/valueConversion.h"
 #include "platform/configService.h"

@@ -1,11 +1,8 @@
 #include "platform/value.h"
 
-#include <jni.h>
-
 #include <memory>
 
-#include "bridge/entryPoint.h"
-#include "bridge/marshalling.h"
+#include "bridge/passOn.h"
 #include "config/valueConversion.h"
 
 namespace talvern::bridge {

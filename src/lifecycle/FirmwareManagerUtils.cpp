@@ -1,7 +1,5 @@
 #include "platform/firmwareManagerUtils.h"
 
-#include <jni.h>
-
 #include <unistd.h>
 
 #include "bridge/passOn.h"

@@ -63,8 +63,7 @@ class SetAside {
 };
 
 struct Classes {
-    jclass callback = nullptr;
-    jclass code = nullptr;
+    jclass callback{}, code{};
 };
 
 constexpr auto callbackName = "com/kvo/talvern/firmwaremanager/FirmwareManagerUtils$UpgradeCallback";

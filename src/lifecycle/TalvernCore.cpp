@@ -1,5 +1,3 @@
-#include <jni.h>
-
 #include "bridge/passOn.h"
 #include "platform/log.h"
 

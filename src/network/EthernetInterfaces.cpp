@@ -1,7 +1,5 @@
 #include "platform/ethernetInterfaces.h"
 
-#include <jni.h>
-
 #include <memory>
 
 #include "bridge/passOn.h"
@@ -25,10 +23,9 @@ jobject getStatus(JNIEnv* env, jstring name, InterfaceStatus* (*read)(std::strin
             env, findClass(env, "com/kvo/talvern/appliance/EthernetInterfaceStatus")};
         const InterfaceStatus* status = read(toNativeString(env, name));
         if (status == nullptr) return nullptr;
-        jobjectArray details = nullptr;
-        if (!status->details.empty()) {
-            details = toJavaHashMapArray(env, status->details, maps, "details of an interface");
-        }
+        const auto& records = status->details;
+        jobjectArray details =
+            records.empty() ? nullptr : toJavaHashMapArray(env, records, maps, "details of an interface");
         return create(name, status->isEnabled, status->isUp, details);
     });
 }

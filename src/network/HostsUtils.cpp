@@ -1,7 +1,5 @@
 #include "platform/hostsUtils.h"
 
-#include <jni.h>
-
 #include "bridge/passOn.h"
 #include "platform/log.h"
 

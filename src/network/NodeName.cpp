@@ -1,7 +1,5 @@
 #include "platform/nodeName.h"
 
-#include <jni.h>
-
 #include "bridge/passOn.h"
 
 namespace talvern::bridge {

@@ -1,7 +1,5 @@
 #include "platform/servicesUtils.h"
 
-#include <jni.h>
-
 #include "bridge/passOn.h"
 
 namespace talvern::bridge {
