@@ -2,22 +2,6 @@
 #include <climits>
 #include <cstring>
 
-#include "platform/applianceUtils.h"
-#include "platform/configService.h"
-#include "platform/diagnosticUtils.h"
-#include "platform/ethernetInterfaces.h"
-#include "platform/firmwareManagerUtils.h"
-#include "platform/hostsUtils.h"
-#include "platform/log.h"
-#include "platform/nameServers.h"
-#include "platform/nodeName.h"
-#include "platform/packetCapture.h"
-#include "platform/processManagerUtils.h"
-#include "platform/servicesUtils.h"
-#include "platform/snmpUtils.h"
-#include "platform/statusUtils.h"
-#include "platform/timeServers.h"
-#include "platform/userManagerUtils.h"
 #include "support/bridgeTest.h"
 
 using namespace talvern;

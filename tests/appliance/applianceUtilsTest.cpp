@@ -1,7 +1,5 @@
 #include <cstring>
 
-#include "platform/applianceUtils.h"
-#include "platform/diagnosticUtils.h"
 #include "support/bridgeTest.h"
 
 using namespace talvern;

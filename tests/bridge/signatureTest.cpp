@@ -29,6 +29,7 @@ static_assert(CanPassOn<jobjectArray, std::vector<std::string> (*)(int*), std::v
 static_assert(!CanPassOn<jint, std::int64_t (*)(), std::int64_t>);  // would be cut off
 static_assert(!CanPassOn<jint, bool (*)(), bool>);                  // whether 0 is success or false is open
 static_assert(!CanPassOn<jstring, const char* (*)(), const char*>);
+static_assert(!CanPassOn<jobjectArray, std::string (*)(), std::string>);
 static_assert(!CanPassOn<jint, std::int32_t (*)(std::string), std::int32_t>);  // one forgotten
 static_assert(!CanPassOn<jint, std::int32_t (*)(), std::int32_t, jint>);       // one too many
 static_assert(!CanPassOn<jint, std::int32_t (*)(std::string, bool), std::int32_t, jboolean, jstring>);

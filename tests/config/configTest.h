@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/configService.h"
 #include "support/bridgeTest.h"
 
 using namespace talvern;

@@ -1,5 +1,4 @@
 // With an appliance that is kept in a file.
-#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <gmock/gmock.h>

@@ -3,7 +3,6 @@
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include "bridge/signature.h"
-#include "platform/configService.h"
 #include "support/jvm.h"
 #include "support/natives.h"
 #include "support/platform.h"

@@ -1,7 +1,6 @@
 #include <climits>
 #include <cstring>
 
-#include "platform/statusUtils.h"
 #include "support/bridgeTest.h"
 
 using namespace talvern;

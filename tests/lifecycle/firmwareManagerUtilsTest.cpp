@@ -5,7 +5,6 @@
 #include <thread>
 #include <unistd.h>
 
-#include "platform/firmwareManagerUtils.h"
 #include "support/bridgeTest.h"
 
 using namespace talvern;

@@ -1,6 +1,3 @@
-#include "platform/ethernetInterfaces.h"
-#include "platform/hostsUtils.h"
-#include "platform/nameServers.h"
 #include "support/bridgeTest.h"
 
 using namespace talvern;

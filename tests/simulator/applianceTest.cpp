@@ -1,11 +1,7 @@
 #include <gmock/gmock.h>
 #include <thread>
 
-#include "platform/applianceUtils.h"
-#include "platform/firmwareManagerUtils.h"
-#include "platform/messaging.h"
-#include "platform/nodeName.h"
-#include "platform/statusUtils.h"
+#include "wholePlatform.h"
 
 using namespace talvern;
 using namespace talvern::applianceUtils;

@@ -17,23 +17,11 @@
 #include <thread>
 #include <unistd.h>
 
-#include "platform/applianceUtils.h"
-#include "platform/configService.h"
-#include "platform/ethernetInterfaces.h"
-#include "platform/firmwareManagerUtils.h"
-#include "platform/hostsUtils.h"
-#include "platform/log.h"
-#include "platform/nodeName.h"
-#include "platform/packetCapture.h"
-#include "platform/servicesUtils.h"
-#include "platform/snmpUtils.h"
-#include "platform/statusUtils.h"
-#include "platform/userManagerUtils.h"
+#include "wholePlatform.h"
 
 using namespace talvern;
 using config::Service;
 using config::messaging::ConfigChangeException;
-using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsSupersetOf;
 using testing::Not;

@@ -1,11 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "platform/diagnosticUtils.h"
-#include "platform/ethernetInterfaces.h"
-#include "platform/hostsUtils.h"
-#include "platform/nameServers.h"
-#include "platform/nodeName.h"
-#include "platform/timeServers.h"
+#include "wholePlatform.h"
 
 using namespace talvern;
 using testing::Contains;

@@ -32,7 +32,7 @@ class BridgeTest : public testing::Test {
     /// The same on a receiver that the test gives.
     template <typename... Arguments>
     Outcome callOn(jobject receiver, const std::string& native, const Arguments&... arguments) {
-        const Outcome outcome = invoke(bridgeNative(native), {toArgument(arguments)...}, receiver);
+        Outcome outcome = invoke(bridgeNative(native), {toArgument(arguments)...}, receiver);
         expectSound(bridgeNative(native), outcome);
         testedNatives().insert(native);
         thrown_ = outcome.exception;

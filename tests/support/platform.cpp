@@ -5,9 +5,6 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "platform/configService.h"
-#include "platform/log.h"
-#include "platform/messaging.h"
 #include "support/jniTable.h"
 
 // All operations that have fixed parameters.

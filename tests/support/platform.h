@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/value.h"
 #include "support/allocation.h"
+#include "wholePlatform.h"  // IWYU pragma: export
 
 // The platform as the tests see it: the operations that the bridge is linked with, each of which a test may
 // mock. The others succeed, with data in every list.
@@ -66,7 +66,7 @@ Record plausibleRecord() {
 template <typename Type>
 constexpr bool isList = false;
 template <typename Element>
-constexpr bool isList<std::vector<Element>> = true;
+inline constexpr bool isList<std::vector<Element>> = true;
 
 /// What the platform answers or hands out where no test says otherwise; made from the type alone.
 template <typename Type>

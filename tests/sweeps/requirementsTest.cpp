@@ -1,6 +1,5 @@
 // What the bridge needs of the Java side, told by the lookups of all tests together, is what its list says;
 // and no native method is without a test.
-#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>

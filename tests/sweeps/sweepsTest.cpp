@@ -1,5 +1,4 @@
 // Checks that hold for every native method, made from what reflection tells about it.
-#include <algorithm>
 #include <functional>
 #include <iostream>
 #include <map>
@@ -7,7 +6,6 @@
 #include <set>
 #include <stdexcept>
 
-#include "platform/messaging.h"
 #include "support/allocation.h"
 #include "support/bridgeTest.h"
 
@@ -15,7 +13,6 @@ using namespace talvern;
 using config::messaging::ConfigChangeException;
 using config::messaging::ValidationException;
 using testing::AnyOf;
-using testing::IsEmpty;
 using testing::StartsWith;
 
 namespace {

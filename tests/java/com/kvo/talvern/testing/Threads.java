@@ -19,6 +19,7 @@ import java.util.concurrent.ExecutorService;
 import java.util.concurrent.Executors;
 import java.util.concurrent.TimeUnit;
 import java.util.concurrent.atomic.AtomicInteger;
+import java.util.function.IntConsumer;
 
 /** Many threads at work at once. */
 public final class Threads {
@@ -28,13 +29,8 @@ public final class Threads {
 
     private Threads() {}
 
-    /** What each thread does. */
-    private interface Work {
-        void run(int thread) throws Exception;
-    }
-
     /** Does the work on that many threads at once; what went wrong, or empty. */
-    private static String atOnce(int count, Work work) throws InterruptedException {
+    private static String atOnce(int count, IntConsumer work) throws InterruptedException {
         Queue<String> faults = new ConcurrentLinkedQueue<>();
         CyclicBarrier start = new CyclicBarrier(count);
         ExecutorService threads = Executors.newFixedThreadPool(count);
@@ -43,7 +39,7 @@ public final class Threads {
             threads.execute(() -> {
                 try {
                     start.await();
-                    work.run(number);
+                    work.accept(number);
                 } catch (Exception | AssertionError e) {
                     faults.add("thread " + number + ": " + e);
                 }

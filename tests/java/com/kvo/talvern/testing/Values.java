@@ -114,15 +114,18 @@ public final class Values {
             case "unknown kind":
                 return new Value(true) {};
             case "null text":
-            case "throwing text":
-            case "throwing flag":
-                return text(fault);
+                return new SimpleValue("text", true) {
+                    @Override
+                    public String getValue() {
+                        return null;
+                    }
+                };
             case "null iterator":
                 return new Elements(() -> null);
-            case "throwing iterator":
-                return new Elements(() -> fail("iterator"));
             case "throwing next":
-                return new Elements(() -> (Endless) () -> fail("next"));
+                return new Elements(() -> (Endless) () -> {
+                    throw new IllegalStateException("next");
+                });
             case "null entry set":
                 return new Entries(false, null);
             case "null set iterator":
@@ -136,24 +139,6 @@ public final class Values {
             default:
                 throw new NoSuchElementException(fault);
         }
-    }
-
-    private static <T> T fail(String method) {
-        throw new IllegalStateException(method);
-    }
-
-    private static Value text(String fault) {
-        return new SimpleValue("text", true) {
-            @Override
-            public String getValue() {
-                return fault.equals("null text") ? null : fault.equals("throwing text") ? fail("getValue") : "text";
-            }
-
-            @Override
-            public boolean getMU() {
-                return fault.equals("throwing flag") ? Values.<Boolean>fail("getMU") : true;
-            }
-        };
     }
 
     /** A list whose iterator is asked for. */
