@@ -15,7 +15,7 @@ namespace {
 using New = Constructor<"()V">;
 using SetFile = Method<"setFile", "(Ljava/lang/String;)V">;
 using SetError = Method<"setError", "(I)V">;
-using JavaFileErrors = JavaClass<"com/kvo/talvern/appliance/FileError", New, SetFile, SetError>;
+using JavaFileErrors = JavaClass<New, SetFile, SetError>;
 
 jobject toJavaFileError(JNIEnv* env, const JavaFileErrors& java, const applianceUtils::resetFileError& error) {
     jstring file = toJavaString(env, error.file);
@@ -175,7 +175,7 @@ JNIEXPORT jint JNICALL
 Java_com_kvo_talvern_appliance_ApplianceUtils__1deviceRESET(JNIEnv* env, jobject, jobjectArray javaErrors) {
     return entryPoint(env, jint{3}, [&] {
         // All that may fail comes first: a reset can't be taken back.
-        const JavaFileErrors java{env};
+        const JavaFileErrors java{env, findClass(env, "com/kvo/talvern/appliance/FileError")};
         const auto slots = static_cast<std::size_t>(lengthOf(env, javaErrors));
         std::vector<applianceUtils::resetFileError> errors;
         const std::int32_t status = applianceUtils::deviceRESET(errors);

@@ -97,10 +97,9 @@ class StaticMethod {
 };
 
 /// A Java class and some of its members, looked up once, in their order.
-template <Literal Name, typename... Members>
+template <typename... Members>
 class JavaClass {
   public:
-    explicit JavaClass(JNIEnv* env) : JavaClass{env, findClass(env, Name.text)} {}
     JavaClass([[maybe_unused]] JNIEnv* env, jclass javaClass)
         : class_{javaClass}, members_{Members{env, javaClass}...} {}
 
@@ -114,7 +113,7 @@ class JavaClass {
     }
 
   private:
-    jclass class_{};
+    jclass class_;
     std::tuple<Members...> members_;
 };
 

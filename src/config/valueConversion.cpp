@@ -60,14 +60,15 @@ typename Steps::Result convertTree(Steps& steps, typename Steps::Source root) {
 template <Literal Name, typename... Members>
 class LazyClass {
   public:
-    template <typename... Class>
-    const JavaClass<Name, Members...>& get(JNIEnv* env, Class... javaClass) {
-        if (class_ == nullptr) class_ = std::make_unique<const JavaClass<Name, Members...>>(env, javaClass...);
+    const JavaClass<Members...>& get(JNIEnv* env) { return class_ == nullptr ? get(env, find(env)) : *class_; }
+    const JavaClass<Members...>& get(JNIEnv* env, jclass javaClass) {
+        if (class_ == nullptr) class_ = std::make_unique<const JavaClass<Members...>>(env, javaClass);
         return *class_;
     }
+    static jclass find(JNIEnv* env) { return findClass(env, Name.text); }
 
   private:
-    std::unique_ptr<const JavaClass<Name, Members...>> class_;
+    std::unique_ptr<const JavaClass<Members...>> class_;
 };
 
 /// The steps from native to Java.
@@ -152,9 +153,9 @@ class ToNative {
 
     explicit ToNative(JNIEnv* env)
         : env_{env},
-          simpleClass_{findClass(env, "com/kvo/talvern/config/SimpleValue")},
-          arrayClass_{findClass(env, "com/kvo/talvern/config/ArrayValue")},
-          structClass_{findClass(env, "com/kvo/talvern/config/StructValue")},
+          simpleClass_{decltype(simple_)::find(env)},
+          arrayClass_{decltype(array_)::find(env)},
+          structClass_{decltype(struct_)::find(env)},
           utf_{env} {}
 
     std::unique_ptr<Value> begin(jobject source, std::vector<Container>& open) {
