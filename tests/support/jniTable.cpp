@@ -150,7 +150,7 @@ const Functions* hookedTable() {
     hook<
         false, &F::ReleaseStringUTFChars, &F::GetArrayLength, &F::GetObjectArrayElement, &F::GetObjectClass,
         &F::IsInstanceOf, &F::ExceptionDescribe, &F::ExceptionClear, &F::ExceptionCheck, &F::ThrowNew, &F::Throw,
-        &F::DeleteGlobalRef, &F::PopLocalFrame>(table);
+        &F::DeleteGlobalRef, &F::DeleteLocalRef, &F::PopLocalFrame>(table);
     return &table;
 }
 
