@@ -42,8 +42,8 @@ public final class Depth {
         } catch (ExecutionException e) {
             thrown = e.getCause();
         }
-        boolean isExpected = levels <= 1000 ? thrown == null
-                : thrown instanceof TalvernException && thrown.getMessage().contains("1000");
-        return isExpected ? "" : levels + " levels, " + stackKib + " KiB: " + thrown + "\n";
+        String expected = levels <= 1000 ? "null"
+                : TalvernException.class.getName() + ": configuration value deeper than 1000 levels";
+        return expected.equals(String.valueOf(thrown)) ? "" : levels + " levels, " + stackKib + " KiB: " + thrown + "\n";
     }
 }
