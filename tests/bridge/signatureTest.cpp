@@ -34,4 +34,5 @@ static_assert(!CanPassOn<jint, std::int32_t (*)(std::string), std::int32_t>);  /
 static_assert(!CanPassOn<jint, std::int32_t (*)(), std::int32_t, jint>);       // one too many
 static_assert(!CanPassOn<jint, std::int32_t (*)(std::string, bool), std::int32_t, jboolean, jstring>);
 static_assert(!CanPassOn<jint, std::int32_t (*)(std::string&), std::int32_t, jstring>);
+static_assert(!CanPassOn<jint, std::int32_t (*)(TextList), std::int32_t, jstring>);
 static_assert(!CanPassOn<jint, std::int32_t (*)(std::int32_t), std::int32_t, std::nullptr_t>);
