@@ -15,32 +15,27 @@ using config::Value;
 
 namespace {
 
-/// The frame of a native method that lets the configuration service check a value: a ValidationException
-/// reaches Java as such.
-template <typename Result, typename Body>
-Result validatingEntryPoint(JNIEnv* env, Result failureValue, Body body) noexcept {
-    return entryPoint(env, failureValue, [&]() -> Result {
-        try {
-            return body();
-        } catch (const config::messaging::ValidationException& exception) {
-            translate(env, exception);
-        }
-        return failureValue;
-    });
+/// Runs `body` so that an exception of this kind reaches Java as such.
+template <typename Exception, typename Body>
+jobject translating(JNIEnv* env, Body body) {
+    try {
+        return body();
+    } catch (const Exception& exception) {
+        translate(env, exception);
+    }
+    return nullptr;
 }
 
-/// The frame of a native method that changes the configuration: a ConfigChangeException reaches Java as
-/// such, too.
-template <typename Result, typename Body>
-Result changingEntryPoint(JNIEnv* env, Result failureValue, Body body) noexcept {
-    return validatingEntryPoint(env, failureValue, [&]() -> Result {
-        try {
-            return body();
-        } catch (const config::messaging::ConfigChangeException& exception) {
-            translate(env, exception);
-        }
-        return failureValue;
-    });
+/// The frame of a native method that lets the configuration service check a value.
+template <typename Body>
+jobject validatingEntryPoint(JNIEnv* env, Body body) noexcept {
+    return entryPoint(env, jobject{}, [&] { return translating<config::messaging::ValidationException>(env, body); });
+}
+
+/// The frame of a native method that changes the configuration.
+template <typename Body>
+jobject changingEntryPoint(JNIEnv* env, Body body) noexcept {
+    return validatingEntryPoint(env, [&] { return translating<config::messaging::ConfigChangeException>(env, body); });
 }
 
 constexpr Service::ReturnCode success{0};
@@ -80,7 +75,7 @@ jobject requestWithValue(JNIEnv* env, jobject receiver, UtfStrings& utf, jobject
 /// Asks the service for a change of an object as a whole.
 template <typename Operation>
 jobject changeWhole(JNIEnv* env, jobject receiver, Operation operation, jstring type, jstring parent, jstring name) {
-    return changingEntryPoint(env, jobject{}, [&] {
+    return changingEntryPoint(env, [&] {
         ObjectId id{env, type, parent, name};
         return report(env, receiver, id.utf, operation(id.type, id.parent, id.name));
     });
@@ -108,7 +103,7 @@ extern "C" {
 JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1createObject(
     JNIEnv* env, jobject receiver, jstring type, jstring parent, jstring name, jobject value, jint state,
     jboolean replace) {
-    return changingEntryPoint(env, jobject{}, [&] {
+    return changingEntryPoint(env, [&] {
         ObjectId id{env, type, parent, name};
         return requestWithValue(env, receiver, id.utf, value, [&](const Value* tree) {
             return Service::createObject(
@@ -119,7 +114,7 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1createObjec
 
 JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1updateObject(
     JNIEnv* env, jobject receiver, jstring type, jstring parent, jstring name, jobject value, jboolean merge) {
-    return changingEntryPoint(env, jobject{}, [&] {
+    return changingEntryPoint(env, [&] {
         ObjectId id{env, type, parent, name};
         return requestWithValue(env, receiver, id.utf, value, [&](const Value* tree) {
             return Service::updateObject(id.type, id.parent, id.name, tree, merge == JNI_TRUE);
@@ -151,7 +146,7 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1queryObject
 
 JNIEXPORT jobject JNICALL
 Java_com_kvo_talvern_config_ServiceUtils__1validateObject(JNIEnv* env, jobject receiver, jstring type, jobject value) {
-    return validatingEntryPoint(env, jobject{}, [&] {
+    return validatingEntryPoint(env, [&] {
         UtfStrings utf{env};
         const std::string nativeType = identifier(utf, type);
         return requestWithValue(
@@ -193,7 +188,7 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1getAdminSta
 
 JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1setAdminState(
     JNIEnv* env, jobject receiver, jstring type, jstring parent, jstring name, jobject javaState) {
-    return changingEntryPoint(env, jobject{}, [&] {
+    return changingEntryPoint(env, [&] {
         ObjectId id{env, type, parent, name};
         const Service::AdminState state = convertJAdminState(env, javaState);
         return report(env, receiver, id.utf, Service::setAdminState(id.type, id.parent, id.name, state));
