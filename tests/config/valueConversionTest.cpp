@@ -112,7 +112,14 @@ TEST_F(ValueConversionTest, RendersTheConvertedTree) {
     EXPECT_EQ(takeThrown(), ours + "value could not be converted");
 }
 
-TEST_F(ValueConversionTest, ATextUsedAgainAndAgainIsCountedEachTime) {
+/// Very many JNI calls, in a run of their own on a JVM that does not check each.
+class LargeValueConversionTest : public ValueConversionTest {
+    void SetUp() override {
+        if (isJniChecked()) GTEST_SKIP();
+    }
+};
+
+TEST_F(LargeValueConversionTest, ATextUsedAgainAndAgainIsCountedEachTime) {
     const std::string text(16 << 20, 'x');
     const auto tooMuch = ours + "argument with more than 256 MiB of text";
     send(doubled(4, text));  // sixteen times, with the keys
@@ -131,13 +138,6 @@ TEST_F(ValueConversionTest, ATextUsedAgainAndAgainIsCountedEachTime) {
     ask("_setEthernetInterface", keys, texts);
     EXPECT_EQ(takeThrown(), tooMuch);
 }
-
-/// Very many JNI calls, in a run of their own on a JVM that does not check each.
-class LargeValueConversionTest : public ValueConversionTest {
-    void SetUp() override {
-        if (isJniChecked()) GTEST_SKIP();
-    }
-};
 
 TEST_F(LargeValueConversionTest, FourMillionValuesAreTheLimitBothWays) {
     const auto tooMany = ours + "configuration value with more than 4000000 values";

@@ -19,13 +19,12 @@ JavaVM* createJvm() {
         std::string{"-Dtalvern.planted.library="} + TALVERN_PLANTED_LIBRARY,
         std::string{"-Dtalvern.stackFactor="} + TALVERN_STACK_FACTOR,
         "-Xmx2g",
-        // What -Xcheck:jni finds goes to a file: it would drown everything else.
-        "-XX:+UnlockDiagnosticVMOptions",
-        "-XX:-DisplayVMOutput",
-        "-XX:+LogVMOutput",
-        "-XX:LogFile=" + jvmLog(),
     };
-    if (isJniChecked()) options.emplace_back("-Xcheck:jni");
+    if (isJniChecked()) {  // what is found goes to a file: it would drown everything else
+        options.insert(
+            options.end(), {"-Xcheck:jni", "-XX:+UnlockDiagnosticVMOptions", "-XX:-DisplayVMOutput", "-XX:+LogVMOutput",
+                            "-XX:LogFile=" + jvmLog()});
+    }
     JavaVM* vm = nullptr;
     startJvm(options)->GetJavaVM(&vm);
     return vm;
@@ -51,7 +50,7 @@ JNIEnv* javaEnv() {
 
 std::string bridgeLibrary() { return std::string{libraryFolder()} + "/libtalvernjni.so"; }
 
-std::string jvmLog() { return std::string{libraryFolder()} + (isJniChecked() ? "/jvm.log" : "/jvm.unchecked.log"); }
+std::string jvmLog() { return std::string{libraryFolder()} + "/jvm.log"; }
 
 std::string takeException(JNIEnv* env) {
     jthrowable exception = env->ExceptionOccurred();
@@ -87,4 +86,4 @@ std::string runJava(const std::string& className, const char* method) {
     return exception.empty() ? toText(result) : exception;
 }
 
-bool isJniChecked() { return std::getenv("TALVERN_UNCHECKED_JNI") == nullptr; }
+bool isJniChecked() { return std::getenv("TALVERN_CHECK_JNI") != nullptr; }

@@ -6,12 +6,13 @@
 #include <string_view>
 #include <vector>
 
-/// The current thread's environment in the JVM of this process, which runs with -Xcheck:jni. The first call
-/// creates the JVM and loads the bridge; a thread that Java does not know is attached.
+/// The current thread's environment in the JVM of this process. The first call creates the JVM and loads the bridge;
+/// a thread that Java does not know is attached.
 JNIEnv* javaEnv();
 
-/// Whether the JVM checks the JNI calls. It writes a report of a millisecond for each that the contract
-/// leaves unchecked, so that tests with very many calls run without.
+/// Whether the JVM checks the JNI calls, which TALVERN_CHECK_JNI in the environment asks for. It writes a
+/// report of a millisecond for each that the contract leaves unchecked, so that tests with very many calls
+/// run without.
 bool isJniChecked();
 
 /// Frees the local references that are made while it exists.
@@ -26,7 +27,7 @@ class LocalFrame {
 /// The bridge, as a file.
 std::string bridgeLibrary();
 
-/// Where the JVM writes what it finds wrong, beside the bridge.
+/// Where the JVM writes what it finds wrong with JNI calls, beside the bridge.
 std::string jvmLog();
 
 /// The pending Java exception as "class: message", which is cleared; empty if there is none.

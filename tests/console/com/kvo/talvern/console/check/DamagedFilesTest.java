@@ -32,7 +32,7 @@ public class DamagedFilesTest extends ChangedFiles {
     @Test(timeout = 300_000)
     public void areFindings() {
         int first = Integer.getInteger("talvern.damages.first", 0);
-        int count = Integer.getInteger("talvern.damages", 400);
+        int count = Integer.getInteger("talvern.damages", 100);
         int found = 0;
         for (int number = first; number < first + count; ++number) {
             try {
