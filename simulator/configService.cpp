@@ -87,17 +87,16 @@ struct State {
 
     Objects objects;
 };
-void require(bool holds, const std::string& field, const std::string& reason) {
-    if (!holds) throw ValidationException{field, reason};
+void require(bool holds, std::string_view field, std::string_view reason, std::string_view more = {}) {
+    if (!holds) throw ValidationException{std::string{field}, std::string{reason}.append(more)};
 }
 
 void checkText(const Objects& objects, const ConfigField& field, const Value* value) {
     const auto* simple = dynamic_cast<const SimpleValue*>(value);
     require(simple != nullptr, field.name, "must be a text");
-    require(field.accepts(simple->value), field.name, "must be " + field.accepted);
-    require(
-        field.refersTo.empty() || objects.contains({field.refersTo, "", simple->value}), field.name,
-        "there is no " + field.refersTo + " " + simple->value);
+    require(field.accepts(simple->value), field.name, "must be ", field.accepted);
+    if (field.refersTo.empty() || objects.contains({field.refersTo, "", simple->value})) return;
+    throw ValidationException{field.name, "there is no " + field.refersTo + " " + simple->value};
 }
 
 void checkField(const Objects& objects, const ConfigField& field, const Value* value) {
@@ -116,7 +115,7 @@ void checkValue(const Objects& objects, const ConfigType& type, const Value& val
             std::any_of(
                 type.fields.begin(), type.fields.end(),
                 [&, &wanted = name](const ConfigField& field) { return field.name == wanted; }),
-            name, "is not a field of " + type.name);
+            name, "is not a field of ", type.name);
     }
     for (const ConfigField& field : type.fields) {
         const auto member = structure->members.find(field.name);
@@ -207,9 +206,10 @@ void fromJson(const json::Node& node, State& state) {
         members.require(configType(key.type) != nullptr, "type: is missing or not known");
         members.require(isName(key.name), "name: is missing or no name for an object");
         members.require(object.value != nullptr, "value: is missing");
-        const auto [entry, isNew] = state.objects.emplace(std::move(key), std::move(object));
-        members.require(isNew, "there is another one of this type, parent and name");
+        // The file that the appliance writes is in this order.
+        const auto entry = state.objects.emplace_hint(state.objects.end(), std::move(key), std::move(object));
         inOrder.emplace_back(entry);
+        members.require(state.objects.size() == inOrder.size(), "there is another one of this type, parent and name");
     });
     auto next = inOrder.begin();
     Reader::forEachChild(node, [&](const json::Node& child) {
@@ -221,7 +221,7 @@ void fromJson(const json::Node& node, State& state) {
             require(hasParent(state.objects, type, key.parent), "parent", "there is no such object");
             checkValue(state.objects, type, *object.value);
         } catch (const ValidationException& refusal) {
-            throw json::Problem{child.line, refusal.first + ": " + refusal.second};
+            throw json::Problem{child.position, refusal.first + ": " + refusal.second};
         }
     });
 }

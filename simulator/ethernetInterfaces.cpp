@@ -146,10 +146,10 @@ void describe(Members& members, Interface& interface) {
 void fromJson(const json::Node& node, State& state) {
     Reader::read(node, state.interfaces);
     Reader::forEachChild(node, [&](const json::Node& interface) {
-        for (const auto& [key, value] : state.interfaces.at(interface.key).configuration) {
+        for (const auto& [key, value] : state.interfaces.at(std::string{interface.key}).configuration) {
             if (isAcceptable(state, key, value)) continue;
             throw json::Problem{
-                interface.line, std::string{"configuration: "}.append(key).append(" must not be ").append(value)};
+                interface.position, std::string{"configuration: "}.append(key).append(" must not be ").append(value)};
         }
     });
 }

@@ -17,7 +17,7 @@ struct State {
 void fromJson(const json::Node& node, State& state) {
     Reader::read(node, state.table);
     Reader::forEachChild(node, [](const json::Node& entry) {
-        if (!isIpAddress(entry.key)) throw json::Problem{entry.line, "is no address"};
+        if (!isIpAddress(std::string{entry.key})) throw json::Problem{entry.position, "is no address"};
     });
 }
 void toJson(json::Text& out, State& state) { Writer::write(out, state.table); }

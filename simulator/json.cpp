@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <nlohmann/json.hpp>
+#include <rapidjson/reader.h>
 #include <utility>
 
 namespace json {
@@ -15,6 +16,9 @@ constexpr std::size_t lineLimit = 130;
 constexpr std::size_t quoteLimit = 300;
 
 constexpr char32_t noUnit = 0xFFFFFFFF;
+
+/// Whether it is the same in UTF-8 and modified UTF-8.
+bool isPlain(char c) { return c != '\0' && static_cast<unsigned char>(c) < 0x80; }
 
 char continuation(char32_t bits) { return static_cast<char>(0x80 | (bits & 0x3F)); }
 
@@ -69,79 +73,63 @@ void addCharacter(std::string& text, char32_t character) {
     }
 }
 
-/// Where the parser is: at the next character, and on the line of the last one.
-struct Position {
-    const char* next = nullptr;
-    int line = 1;
-    bool startsLine = false;  // the next character does
-};
-
-/// Reads a text for the parser, and counts its lines. Its copies go on together.
-class Cursor {
-  public:
-    using iterator_category = std::input_iterator_tag;
-    using value_type = char;
-    using difference_type = std::ptrdiff_t;
-    using pointer = const char*;
-    using reference = const char&;
-
-    explicit Cursor(Position& position) : position_{&position} {}
-
-    reference operator*() const { return *position_->next; }
-    Cursor& operator++() {
-        position_->line += position_->startsLine ? 1 : 0;
-        position_->startsLine = *position_->next++ == '\n';
-        return *this;
-    }
-    bool operator==(const Cursor& other) const { return position_->next == other.position_->next; }
-    bool operator!=(const Cursor& other) const { return !(*this == other); }
-
-  private:
-    Position* position_;
-};
-
-/// What the parser tells of what it meets.
-class Builder : public nlohmann::json_sax<nlohmann::json> {
-  public:
-    explicit Builder(const Position& position) : position_{position} {}
-
-    bool null() override { return add(Kind::null); }
-    bool boolean(bool value) override { return add(Kind::boolean, value ? 1 : 0); }
-    bool number_integer(number_integer_t value) override { return add(Kind::integer, value); }
-    bool number_unsigned(number_unsigned_t value) override {
-        if (value > INT64_MAX) return add(Kind::otherNumber);
-        return add(Kind::integer, static_cast<std::int64_t>(value));
-    }
-    bool number_float(number_float_t, const string_t&) override { return add(Kind::otherNumber); }
-    bool string(string_t& text) override { return add(Kind::text, 0, toModifiedUtf8(std::move(text))); }
-    bool binary(binary_t&) override { return false; }
-    bool start_object(std::size_t) override { return open(Kind::object); }
-    bool key(string_t& name) override {
-        key_ = toModifiedUtf8(std::move(name));
-        return true;
-    }
-    bool end_object() override {
-        refuseSecondMembers(*open_.back().node);
-        open_.pop_back();
-        return true;
-    }
-    bool start_array(std::size_t) override { return open(Kind::list); }
-    bool end_array() override {
-        open_.pop_back();
-        return true;
-    }
-    bool parse_error(std::size_t, const std::string&, const nlohmann::detail::exception& error) override {
+/// Says why a text is no JSON. The other parser knows, and can take its time.
+[[noreturn]] void refuse(std::string_view text, std::size_t position) {
+    const auto problem = [](std::string_view cause, std::size_t where) {
         // [json.exception.parse_error.101] parse error at line 3, column 5: syntax error ...
-        std::string_view text = error.what();
-        text.remove_prefix(text.find("] ") + 2);
-        if (text.starts_with("parse error")) text.remove_prefix(text.find(": ") + 2);
+        cause.remove_prefix(cause.find("] ") + 2);
+        if (cause.starts_with("parse error")) cause.remove_prefix(cause.find(": ") + 2);
         // It quotes the file's bytes, whatever they are and however many.
-        throw Problem{
-            position_.line,
-            toModifiedUtf8(std::string{text.substr(0, quoteLimit)}) + (text.size() > quoteLimit ? "..." : "")};
+        const char* const rest = cause.size() > quoteLimit ? "..." : "";
+        return Problem{where, toModifiedUtf8(std::string{cause.substr(0, quoteLimit)}) + rest};
+    };
+    try {
+        const auto keepNothing = [](int, nlohmann::json::parse_event_t, nlohmann::json&) { return false; };
+        [[maybe_unused]] const auto nothing = nlohmann::json::parse(text, keepNothing);
+    } catch (const nlohmann::json::parse_error& error) {
+        throw problem(error.what(), std::max<std::size_t>(1, std::min(error.byte, text.size())) - 1);
+    } catch (const nlohmann::json::exception& error) {
+        throw problem(error.what(), position);
     }
+    throw Problem{position, "is no JSON"};
+}
 
-    std::deque<Node> nodes;
+}  // namespace
+
+/// Makes a document of what the parser meets.
+class Builder {
+  public:
+    using Ch = char;
+
+    Builder(Document& document, rapidjson::InsituStringStream& source) : document_{document}, source_{source} {}
+
+    bool Null() { return add(Kind::null); }
+    bool Bool(bool value) { return add(Kind::boolean, value ? 1 : 0); }
+    bool Int(int value) { return add(Kind::integer, value); }
+    bool Uint(unsigned value) { return add(Kind::integer, value); }
+    bool Int64(std::int64_t value) { return add(Kind::integer, value); }
+    bool Uint64(std::uint64_t value) {
+        return value > INT64_MAX ? add(Kind::otherNumber) : add(Kind::integer, static_cast<std::int64_t>(value));
+    }
+    bool Double(double) { return add(Kind::otherNumber); }
+    bool RawNumber(const char*, unsigned, bool) { return false; }  // is not asked for
+    bool String(const char* text, unsigned length, bool) {
+        return add(Kind::text, 0, modified({text, length})) && isUnicode_;
+    }
+    bool StartObject() { return open(Kind::object); }
+    bool Key(const char* name, unsigned length, bool) {
+        key_ = modified({name, length});
+        return isUnicode_;
+    }
+    bool EndObject(unsigned) {
+        refuseSecondMembers(*open_.back().node);
+        return EndArray(0);
+    }
+    bool StartArray() { return open(Kind::list); }
+    bool EndArray(unsigned) {
+        open_.pop_back();
+        return true;
+    }
 
   private:
     struct Open {
@@ -149,19 +137,30 @@ class Builder : public nlohmann::json_sax<nlohmann::json> {
         Node* lastChild;
     };
 
-    bool add(Kind kind, std::int64_t number = 0, std::string text = {}) {
-        nodes.push_back({kind, position_.line, number, std::move(text), std::exchange(key_, {})});
+    /// The text as it is inside the appliance.
+    std::string_view modified(std::string_view text) {
+        if (std::all_of(text.begin(), text.end(), isPlain)) return text;
+        // The parser does not mind the second half of a surrogate pair alone.
+        for (std::size_t i = text.find('\xED'); i != std::string_view::npos; i = text.find('\xED', i + 1)) {
+            isUnicode_ = isUnicode_ && static_cast<unsigned char>(text[i + 1]) < 0xA0;
+        }
+        return document_.modified_.emplace_back(toModifiedUtf8(std::string{text}));
+    }
+
+    bool add(Kind kind, std::int64_t number = 0, std::string_view text = {}) {
+        Node& node = document_.nodes_.emplace_back(Node{kind, source_.Tell(), number, text, std::exchange(key_, {})});
         if (open_.empty()) return true;
         auto& [parent, lastChild] = open_.back();
-        (lastChild == nullptr ? parent->firstChild : lastChild->next) = &nodes.back();
-        lastChild = &nodes.back();
+        (lastChild == nullptr ? parent->firstChild : lastChild->next) = &node;
+        lastChild = &node;
+        ++parent->number;
         return true;
     }
 
     bool open(Kind kind) {
-        if (open_.size() == depthLimit) throw Problem{position_.line, "is nested too deeply"};
+        if (open_.size() == depthLimit) throw Problem{source_.Tell(), "is nested too deeply"};
         add(kind);
-        open_.push_back({&nodes.back(), nullptr});
+        open_.push_back({&document_.nodes_.back(), nullptr});
         return true;
     }
 
@@ -176,20 +175,21 @@ class Builder : public nlohmann::json_sax<nlohmann::json> {
             members_.begin(), members_.end(),
             [](const Node* one, const Node* other) { return one->key == other->key; });
         if (second != members_.end()) {
-            throw Problem{std::max((*second)->line, second[1]->line), "there are two members " + (*second)->key};
+            throw Problem{
+                std::max((*second)->position, second[1]->position),
+                "there are two members " + std::string{(*second)->key}};
         }
     }
 
-    const Position& position_;
-    std::string key_;
+    Document& document_;
+    rapidjson::InsituStringStream& source_;
+    bool isUnicode_ = true;  // so far
+    std::string_view key_;
     std::vector<Open> open_;
     std::vector<const Node*> members_;  // kept for its memory
 };
 
-}  // namespace
-
 std::string toModifiedUtf8(std::string text) {
-    const auto isPlain = [](char c) { return c != '\0' && static_cast<unsigned char>(c) < 0x80; };
     if (std::all_of(text.begin(), text.end(), isPlain)) return text;
     std::string modified;
     for (std::string_view rest = text; !rest.empty();) {
@@ -216,12 +216,14 @@ std::string toModifiedUtf8(std::string text) {
     return modified;
 }
 
-std::deque<Node> parse(const std::string& text) {
-    Position begin{text.data()};
-    Position end{text.data() + text.size()};
-    Builder builder{begin};
-    nlohmann::json::sax_parse(Cursor{begin}, Cursor{end}, &builder);
-    return std::move(builder.nodes);
+Document::Document(std::string_view text) : text_{text} {
+    constexpr unsigned flags =
+        rapidjson::kParseInsituFlag | rapidjson::kParseIterativeFlag | rapidjson::kParseValidateEncodingFlag;
+    if (text.starts_with("\xEF\xBB\xBF")) text_.replace(0, 3, 3, ' ');  // some editors begin a file with these
+    rapidjson::InsituStringStream source{text_.data()};
+    Builder builder{*this, source};
+    rapidjson::Reader reader;
+    if (!reader.Parse<flags>(source, builder)) refuse(text, reader.GetErrorOffset());
 }
 
 void Text::open(char bracket) {

@@ -16,7 +16,9 @@ std::string toModifiedUtf8(std::string text);
 /// Why the file is refused.
 class Problem : public std::runtime_error {
   public:
-    Problem(int line, std::string cause) : std::runtime_error{cause}, line_{line}, text_{std::move(cause)} {}
+    /// It is in the text before this position.
+    Problem(std::size_t position, std::string cause)
+        : std::runtime_error{cause}, position_{position}, text_{std::move(cause)} {}
 
     /// Says in which member or element it is: "name" or "[3]".
     void within(const std::string& step) {
@@ -25,10 +27,10 @@ class Problem : public std::runtime_error {
     }
 
     [[nodiscard]] const char* what() const noexcept override { return text_.c_str(); }
-    [[nodiscard]] int line() const { return line_; }
+    [[nodiscard]] std::size_t position() const { return position_; }
 
   private:
-    int line_;
+    std::size_t position_;
     std::string text_;
     bool isInside_ = false;
 };
@@ -38,17 +40,29 @@ enum class Kind { null, boolean, integer, otherNumber, text, list, object };
 /// A value in a document.
 struct Node {
     Kind kind;
-    int line;
-    std::int64_t number;  ///< of an integer or boolean
-    std::string text;
-    std::string key;  ///< of a member of an object
-    const Node* firstChild = nullptr;
-    const Node* next = nullptr;  ///< in the same list or object
+    std::size_t position;  ///< where it begins or, unless it is a list or an object, ends
+    std::int64_t number;   ///< of an integer or boolean; of a list or object: how many children it has
+    std::string_view text;
+    std::string_view key;  ///< of a member of an object
+    Node* firstChild = nullptr;
+    Node* next = nullptr;  ///< in the same list or object
 };
 
-/// The values of a text, the whole one first. No object names a member twice.
-/// @throws Problem  the text is no JSON
-std::deque<Node> parse(const std::string& text);
+/// What a text says. No object names a member twice.
+class Document {
+  public:
+    /// @throws Problem  the text is no JSON
+    explicit Document(std::string_view text);
+
+    /// Belongs to the document, as all values in it.
+    [[nodiscard]] const Node& root() const { return nodes_.front(); }
+
+  private:
+    friend class Builder;
+    std::string text_;  // in which the parser decodes what is quoted
+    std::deque<std::string> modified_;
+    std::deque<Node> nodes_;
+};
 
 /// A text that grows. What fits on a line stands on one.
 class Text {

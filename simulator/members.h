@@ -34,33 +34,42 @@ class Reader {
 
     explicit Reader(const json::Node& object) : object_{object} {
         expect(object, json::Kind::object, "must be an object");
+        known_.reserve(16);
     }
 
     /// Reads the member of this name, if there is one.
     template <typename Value>
     void operator()(std::string_view name, Value& value) {
         known_.push_back(name);
-        forEachChild(object_, [&](const json::Node& member) {
-            if (member.key == name) read(member, value);
-        });
+        const json::Node* member = unread_ == 0 ? nullptr : object_.firstChild;
+        while (member != nullptr && member->key != name) member = member->next;
+        if (member == nullptr) return;
+        --unread_;
+        try {
+            read(*member, value);
+        } catch (json::Problem& problem) {
+            problem.within(std::string{name});
+            throw;
+        }
     }
 
-    void require(bool holds, const std::string& reason) const {
-        if (!holds) throw json::Problem{object_.line, reason};
+    void require(bool holds, std::string_view reason) const {
+        if (!holds) throw json::Problem{object_.position, std::string{reason}};
     }
 
     /// Refuses members that have not been read.
     void finish() const {
+        if (unread_ == 0) return;
         forEachChild(object_, [&](const json::Node& member) {
             if (std::find(known_.begin(), known_.end(), member.key) != known_.end()) return;
             std::string names;
             for (const std::string_view name : known_) names += (names.empty() ? "" : ", ") + std::string{name};
-            throw json::Problem{member.line, "is not known here; known are " + names};
+            throw json::Problem{member.position, "is not known here; known are " + names};
         });
     }
 
     static void expect(const json::Node& node, json::Kind kind, const char* otherwise) {
-        if (node.kind != kind) throw json::Problem{node.line, otherwise};
+        if (node.kind != kind) throw json::Problem{node.position, otherwise};
     }
 
     /// Calls `action` with each child of a list or object. A problem there says in which.
@@ -72,7 +81,7 @@ class Reader {
                 action(*child);
             } catch (json::Problem& problem) {
                 const bool isElement = parent.kind == json::Kind::list;
-                problem.within(isElement ? '[' + std::to_string(index) + ']' : child->key);
+                problem.within(isElement ? '[' + std::to_string(index) + ']' : std::string{child->key});
                 throw;
             }
         }
@@ -93,8 +102,8 @@ class Reader {
         using Limits = std::numeric_limits<Number>;
         if (node.kind != json::Kind::integer || !std::in_range<Number>(node.number)) {
             throw json::Problem{
-                node.line, "must be a whole number from " + std::to_string(Limits::min()) + " to " +
-                               std::to_string(Limits::max())};
+                node.position, "must be a whole number from " + std::to_string(Limits::min()) + " to " +
+                                   std::to_string(Limits::max())};
         }
         value = static_cast<Number>(node.number);
     }
@@ -105,7 +114,7 @@ class Reader {
         std::string text;
         read(node, text);
         if (text.size() > Size) {
-            throw json::Problem{node.line, "must have at most " + std::to_string(Size) + " bytes"};
+            throw json::Problem{node.position, "must have at most " + std::to_string(Size) + " bytes"};
         }
         text.resize(Size);
         std::copy(text.begin(), text.end(), value);
@@ -121,6 +130,7 @@ class Reader {
     static void read(const json::Node& node, std::vector<Value>& list) {
         expect(node, json::Kind::list, "must be a list");
         list.clear();
+        list.reserve(static_cast<std::size_t>(node.number));
         forEachChild(node, [&](const json::Node& child) { read(child, list.emplace_back()); });
     }
 
@@ -134,7 +144,7 @@ class Reader {
     static void read(const json::Node& node, std::map<std::string, Value>& table) {
         expect(node, json::Kind::object, "must be an object");
         table.clear();
-        forEachChild(node, [&](const json::Node& child) { read(child, table[child.key]); });
+        forEachChild(node, [&](const json::Node& child) { read(child, table[std::string{child.key}]); });
     }
 
     template <typename Value>
@@ -162,10 +172,11 @@ class Reader {
             }
             otherwise += std::string{number++ == 0 ? " " : ", "} + name;
         }
-        throw json::Problem{node.line, otherwise};
+        throw json::Problem{node.position, otherwise};
     }
 
     const json::Node& object_;
+    std::int64_t unread_ = object_.number;
     std::vector<std::string_view> known_ = {};
 };
 

@@ -37,8 +37,7 @@ bool loadChangedParts(const std::string& text) {
             Section& section = *sections()[i];
             if (section.text == parts[i]) continue;
             section.text.clear();
-            const std::deque<json::Node> nodes = json::parse(std::string{parts[i]});
-            section.readFrom(nodes.front());
+            section.readFrom(json::Document{parts[i]}.root());
             section.text = parts[i];
         }
         return true;
@@ -54,8 +53,8 @@ void load(const std::string& text) {
         section->restore();
         section->text.clear();
     }
-    const std::deque<json::Node> nodes = json::parse(text);
-    Reader members{nodes.front()};
+    const json::Document document{text};
+    Reader members{document.root()};
     for (Section* section : sections()) members(section->name, *section);
     members.finish();
 }
@@ -96,7 +95,8 @@ void refresh(bool isLocked) {
             load(file.text());
         } catch (const json::Problem& problem) {
             file.forget();
-            throw file.problem(problem.what(), problem.line());
+            const std::string_view before = std::string_view{file.text()}.substr(0, problem.position());
+            throw file.problem(problem.what(), 1 + static_cast<int>(std::count(before.begin(), before.end(), '\n')));
         } catch (...) {
             file.forget();
             throw;

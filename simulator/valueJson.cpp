@@ -32,14 +32,14 @@ std::unique_ptr<Value> withoutChildren(const json::Node* node, std::size_t level
         node->kind == json::Kind::object && child != nullptr && child->next == nullptr && child->key == flag;
     if (mu) node = child;
     if (level > depthLimit && node->kind != json::Kind::null) {
-        throw json::Problem{node->line, "is nested too deeply"};
+        throw json::Problem{node->position, "is nested too deeply"};
     }
     switch (node->kind) {
         case json::Kind::null: return nullptr;
-        case json::Kind::text: return std::make_unique<SimpleValue>(node->text, mu);
+        case json::Kind::text: return std::make_unique<SimpleValue>(std::string{node->text}, mu);
         case json::Kind::list: return empty<ArrayValue>(*node, mu, level, unfilled);
         case json::Kind::object: return empty<StructValue>(*node, mu, level, unfilled);
-        default: throw json::Problem{node->line, "must be a text, a list, an object or null"};
+        default: throw json::Problem{node->position, "must be a text, a list, an object or null"};
     }
 }
 
@@ -84,7 +84,8 @@ void fromJson(const json::Node& node, std::unique_ptr<Value>& value) {
         for (const json::Node* child = source->firstChild; child != nullptr; child = child->next) {
             std::unique_ptr<Value> childValue = withoutChildren(child, level + 1, unfilled);
             if (auto* structure = dynamic_cast<StructValue*>(target)) {
-                structure->put(child->key.substr(child->key.starts_with('@') ? 1 : 0), std::move(childValue));
+                structure->put(
+                    std::string{child->key.substr(child->key.starts_with('@') ? 1 : 0)}, std::move(childValue));
             } else {
                 static_cast<ArrayValue*>(target)->add(std::move(childValue));
             }
