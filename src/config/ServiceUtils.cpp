@@ -138,9 +138,7 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1queryObject
         ObjectId id{env, type, parent, name};
         Value* value = nullptr;
         setReturnCode(env, receiver, Service::queryObject(id.type, id.parent, id.name, &value));
-        jobject javaValue = convertValue2JValue(env, value);
-        id.utf.release();
-        return javaValue;
+        return convertValue2JValue(env, value);
     });
 }
 
@@ -166,7 +164,6 @@ JNIEXPORT jobject JNICALL Java_com_kvo_talvern_config_ServiceUtils__1getNamesofO
         const Service::ReturnCode code = Service::getNamesofObject(nativeType, nativeParent, names);
         if (code == success) lists.addAll(javaNames, names);
         setReturnCode(env, receiver, code);
-        utf.release();
         return code == success ? javaNames : nullptr;
     });
 }

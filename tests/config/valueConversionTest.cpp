@@ -130,7 +130,8 @@ TEST_F(LargeValueConversionTest, ATextUsedAgainAndAgainIsCountedEachTime) {
     jobjectArray texts = javaStrings(Texts(17));
     jobjectArray keys = javaStrings(Texts(17));
     jstring javaText = javaString(text);
-    for (jsize i = 0; i < 17; ++i) env->SetObjectArrayElement(texts, i, javaText);
+    for (jsize i = 0; i < 16; ++i) env->SetObjectArrayElement(texts, i, javaText);
+    env->SetObjectArrayElement(texts, 16, javaString("x"));  // a byte too much
     ask("_setTimeServers", texts);
     EXPECT_EQ(takeThrown(), tooMuch);
     ask("_setEthernetInterface", texts, keys);
