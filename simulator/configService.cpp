@@ -87,6 +87,7 @@ struct State {
 
     Objects objects;
 };
+
 void require(bool holds, std::string_view field, std::string_view reason, std::string_view more = {}) {
     if (!holds) throw ValidationException{std::string{field}, std::string{reason}.append(more)};
 }

@@ -53,6 +53,8 @@ class Document {
   public:
     /// @throws Problem  the text is no JSON
     explicit Document(std::string_view text);
+    Document(const Document&) = delete;  // the values are views of it
+    Document& operator=(const Document&) = delete;
 
     /// Belongs to the document, as all values in it.
     [[nodiscard]] const Node& root() const { return nodes_.front(); }
