@@ -55,6 +55,7 @@ class Document {
     explicit Document(std::string_view text);
     Document(const Document&) = delete;  // the values are views of it
     Document& operator=(const Document&) = delete;
+    ~Document() = default;
 
     /// Belongs to the document, as all values in it.
     [[nodiscard]] const Node& root() const { return nodes_.front(); }
