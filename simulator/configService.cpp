@@ -194,11 +194,16 @@ void describe(Members& members, Key& key, Object& object) {
     if (Members::isReading || object.isBuiltIn) members("isBuiltIn", object.isBuiltIn);
 }
 
-void fromJson(const json::Node& node, State& state) {
-    Reader::expect(node, json::Kind::list, "must be a list");
-    state.objects.clear();
-    std::vector<Objects::const_iterator> inOrder;
-    Reader::forEachChild(node, [&](const json::Node& child) {
+/// An object that has been read, and where.
+struct Inserted {
+    Objects::iterator entry;
+    std::size_t position;
+};
+
+std::vector<Inserted> insert(Objects& objects, const json::Node& list) {
+    Reader::expect(list, json::Kind::list, "must be a list");
+    std::vector<Inserted> inserted;
+    Reader::forEachChild(list, [&](const json::Node& child) {
         Key key;
         Object object;
         Reader members{child};
@@ -207,24 +212,45 @@ void fromJson(const json::Node& node, State& state) {
         members.require(configType(key.type) != nullptr, "type: is missing or not known");
         members.require(isName(key.name), "name: is missing or no name for an object");
         members.require(object.value != nullptr, "value: is missing");
+        const std::size_t before = objects.size();
         // The file that the appliance writes is in this order.
-        const auto entry = state.objects.emplace_hint(state.objects.end(), std::move(key), std::move(object));
-        inOrder.emplace_back(entry);
-        members.require(state.objects.size() == inOrder.size(), "there is another one of this type, parent and name");
+        const auto entry = objects.emplace_hint(objects.end(), std::move(key), std::move(object));
+        members.require(objects.size() > before, "there is another one of this type, parent and name");
+        inserted.push_back({entry, child.position});
     });
-    auto next = inOrder.begin();
-    Reader::forEachChild(node, [&](const json::Node& child) {
-        const auto& [key, object] = **next++;
+    return inserted;
+}
+
+void check(const Objects& objects, const std::vector<Inserted>& inserted) {
+    for (std::size_t i = 0; i < inserted.size(); ++i) {
+        const auto& [key, object] = *inserted[i].entry;
         const ConfigType& type = *configType(key.type);
         try {
             checkState(object.adminState);
             checkState(object.initialState);
-            require(hasParent(state.objects, type, key.parent), "parent", "there is no such object");
-            checkValue(state.objects, type, *object.value);
+            require(hasParent(objects, type, key.parent), "parent", "there is no such object");
+            checkValue(objects, type, *object.value);
         } catch (const ValidationException& refusal) {
-            throw json::Problem{child.position, refusal.first + ": " + refusal.second};
+            json::Problem problem{inserted[i].position, refusal.first + ": " + refusal.second};
+            problem.within('[' + std::to_string(i) + ']');
+            throw problem;
         }
-    });
+    }
+}
+
+void fromJson(const json::Node& node, State& state) {
+    state.objects.clear();
+    check(state.objects, insert(state.objects, node));
+}
+
+/// False if an object is gone, since others may refer to it.
+bool replaceElements(State& state, const json::Node& before, const json::Node& now) {
+    Objects gone;
+    insert(gone, before);
+    for (const auto& [key, object] : gone) state.objects.erase(key);
+    check(state.objects, insert(state.objects, now));
+    return std::all_of(
+        gone.begin(), gone.end(), [&](const auto& entry) { return state.objects.contains(entry.first); });
 }
 
 void toJson(json::Text& out, State& state) {

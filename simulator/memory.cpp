@@ -28,6 +28,41 @@ std::vector<std::string_view> partsOf(std::string_view text) {
     return position == text.size() ? parts : std::vector<std::string_view>{};
 }
 
+/// How an object in the list of a part begins where the list is laid out as `writeFile` does it.
+constexpr std::string_view lineStart = "\n    {";
+
+bool hasLineStarts(const json::Node& list, std::string_view text) {
+    std::int64_t count = 0;
+    for (std::size_t i = text.find(lineStart); i != std::string_view::npos; i = text.find(lineStart, i + 1)) ++count;
+    if (list.number != count) return false;
+    const json::Node* child = list.firstChild;
+    while (child != nullptr && text.substr(0, child->position + 1).ends_with(lineStart)) child = child->next;
+    return child == nullptr;
+}
+
+/// Reads those elements of a list that differ from what is known of it. False if that is not possible.
+bool loadChangedElements(Section& section, std::string_view now) {
+    const std::string_view before = section.text;
+    const std::size_t common = std::min(before.size(), now.size());
+    const auto equal = [&](auto one, auto other) {
+        return static_cast<std::size_t>(std::mismatch(one, one + common, other).first - one);
+    };
+    const std::size_t front = equal(before.begin(), now.begin());
+    const std::size_t back = std::min(equal(before.rbegin(), now.rbegin()), common - front);
+    const std::size_t begin = before.substr(0, front).rfind(lineStart);
+    const std::size_t end = std::min(before.find(lineStart, before.size() - back), before.size() - 1);
+    if (!section.hasLineStarts || begin == std::string_view::npos || back == 0) return false;
+    const auto list = [&](std::string_view text) {
+        std::string elements{text.substr(begin, end + text.size() - before.size() - begin)};
+        if (elements.back() == ',') elements.pop_back();
+        return '[' + elements + ']';
+    };
+    const std::string elements = list(now);
+    const json::Document read{elements};
+    return hasLineStarts(read.root(), elements) &&
+           section.readElements(json::Document{list(before)}.root(), read.root());
+}
+
 /// Reads the parts that differ from what is known of them. False if that is not possible.
 bool loadChangedParts(const std::string& text) {
     const std::vector<std::string_view> parts = partsOf(text);
@@ -36,8 +71,12 @@ bool loadChangedParts(const std::string& text) {
         for (std::size_t i = 0; i < parts.size(); ++i) {
             Section& section = *sections()[i];
             if (section.text == parts[i]) continue;
-            section.text.clear();
-            section.readFrom(json::Document{parts[i]}.root());
+            if (!loadChangedElements(section, parts[i])) {
+                section.text.clear();
+                const json::Document document{parts[i]};
+                section.readFrom(document.root());
+                section.hasLineStarts = hasLineStarts(document.root(), parts[i]);
+            }
             section.text = parts[i];
         }
         return true;
@@ -63,6 +102,7 @@ std::string textOf(Section& section) {
     json::Text text{1};
     try {
         section.writeTo(text);
+        section.hasLineStarts = true;
     } catch (const std::invalid_argument& problem) {
         throw applianceFile().problem(section.name + ": " + problem.what());
     }

@@ -24,9 +24,13 @@ class Section {
     virtual void readFrom(const json::Node& node) = 0;
     virtual void writeTo(json::Text& out) = 0;
 
+    /// Puts elements of its list in the place of others. False, or a json::Problem, if it has to be read anew.
+    virtual bool readElements(const json::Node& before, const json::Node& now) = 0;
+
     const std::string name;
     const OnReset onReset;
-    std::string text = {};  ///< as it stands in the file; empty if that is not known
+    std::string text = {};      ///< as it stands in the file; empty if that is not known
+    bool hasLineStarts = true;  ///< all elements of its list, and nothing else, begin with `lineStart` in the text
 
   protected:
     ~Section() = default;  // none is ever destroyed
@@ -117,6 +121,11 @@ class Memory : private Section {
     }
 
     void writeTo(json::Text& out) override { Writer::write(out, state_); }
+
+    bool readElements([[maybe_unused]] const json::Node& before, [[maybe_unused]] const json::Node& now) override {
+        if constexpr (requires { replaceElements(state_, before, now); }) return replaceElements(state_, before, now);
+        return false;
+    }
 
     State state_;
 };

@@ -38,6 +38,7 @@ TEST_F(CallsTest, EachNativeMethodMakesTheCallsOnRecord) {
     for (std::string name; std::getline(knownFile, name, ':');) std::getline(knownFile, known[name]);
 
     std::ifstream log{jvmLog()};
+    EXPECT_TRUE(log.is_open() || !isJniChecked()) << jvmLog();
     log.seekg(0, std::ios::end);
     for (const NativeMethod& native : bridgeNatives()) {
         const LocalFrame frame;
