@@ -445,7 +445,7 @@ TEST_F(Kept, DamagedFileIsReadOrRefusedAndNeverMore) {
     std::mt19937 random{7};
     const auto any = [&](std::size_t count) { return random() % count; };
     int refused = 0;
-    const int damages = scaled(400);
+    const int damages = scaled(200);
     for (int i = 0; i < damages; ++i) {
         std::string text = good;
         const auto [position, length] = places[any(places.size())];
