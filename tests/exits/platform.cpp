@@ -22,10 +22,10 @@ std::int32_t upgrade(const std::string&, bool, bool, UpgradeCallback* callback) 
     reports = std::jthread{[=](const std::stop_token& isOver) {
         std::mt19937 random{std::random_device{}()};
         // One report after the other, or some time apart.
-        std::uniform_int_distribution<int> milliseconds{0, random() % 2 == 0 ? 0 : 200};
+        std::uniform_int_distribution<int> microseconds{0, random() % 2 == 0 ? 100 : 200'000};
         while (!isOver.stop_requested()) {
             callback->progress(1, 2, FwUpgradeCode::writing);
-            std::this_thread::sleep_for(std::chrono::milliseconds{milliseconds(random)});
+            std::this_thread::sleep_for(std::chrono::microseconds{microseconds(random)});
         }
     }};
     return 0;

@@ -122,8 +122,10 @@ struct Hook<Slot, CanFail> {
         }
         if constexpr (std::is_void_v<Result>) {
             (original->*Slot)(env, arguments...);
+            original->ExceptionCheck(env);  // the contract forces few; -Xcheck:jni is slow to report each that lacks
         } else {
             Result result = (original->*Slot)(env, arguments...);
+            original->ExceptionCheck(env);
             if constexpr (is<&Functions::FindClass>) record(env, "class", result, {});
             if constexpr (isLookup) {
                 record(env, is<&Functions::GetMethodID> ? "method" : "static", std::get<0>(given), " " + member);

@@ -10,9 +10,8 @@
 /// a thread that Java does not know is attached.
 JNIEnv* javaEnv();
 
-/// Whether the JVM checks the JNI calls, which TALVERN_CHECK_JNI in the environment asks for. It writes a
-/// report of a millisecond for each that the contract leaves unchecked, so that tests with very many calls
-/// run without.
+/// Whether the JVM checks the JNI calls, which TALVERN_CHECK_JNI in the environment asks for. That takes time, so that
+/// tests with very many calls run without.
 bool isJniChecked();
 
 /// Frees the local references that are made while it exists.
