@@ -194,15 +194,11 @@ void describe(Members& members, Key& key, Object& object) {
     if (Members::isReading || object.isBuiltIn) members("isBuiltIn", object.isBuiltIn);
 }
 
-/// An object that has been read, and where.
-struct Inserted {
-    Objects::iterator entry;
-    std::size_t position;
-};
+using Inserted = std::vector<Objects::const_iterator>;
 
-std::vector<Inserted> insert(Objects& objects, const json::Node& list) {
+Inserted insert(Objects& objects, const json::Node& list) {
     Reader::expect(list, json::Kind::list, "must be a list");
-    std::vector<Inserted> inserted;
+    Inserted inserted;
     Reader::forEachChild(list, [&](const json::Node& child) {
         Key key;
         Object object;
@@ -214,16 +210,17 @@ std::vector<Inserted> insert(Objects& objects, const json::Node& list) {
         members.require(object.value != nullptr, "value: is missing");
         const std::size_t before = objects.size();
         // The file that the appliance writes is in this order.
-        const auto entry = objects.emplace_hint(objects.end(), std::move(key), std::move(object));
+        inserted.emplace_back(objects.emplace_hint(objects.end(), std::move(key), std::move(object)));
         members.require(objects.size() > before, "there is another one of this type, parent and name");
-        inserted.push_back({entry, child.position});
     });
     return inserted;
 }
 
-void check(const Objects& objects, const std::vector<Inserted>& inserted) {
-    for (std::size_t i = 0; i < inserted.size(); ++i) {
-        const auto& [key, object] = *inserted[i].entry;
+/// Objects refer to others, which may follow them in the list.
+void check(const Objects& objects, const json::Node& list, const Inserted& inserted) {
+    auto next = inserted.begin();
+    Reader::forEachChild(list, [&](const json::Node& child) {
+        const auto& [key, object] = **next++;
         const ConfigType& type = *configType(key.type);
         try {
             checkState(object.adminState);
@@ -231,26 +228,24 @@ void check(const Objects& objects, const std::vector<Inserted>& inserted) {
             require(hasParent(objects, type, key.parent), "parent", "there is no such object");
             checkValue(objects, type, *object.value);
         } catch (const ValidationException& refusal) {
-            json::Problem problem{inserted[i].position, refusal.first + ": " + refusal.second};
-            problem.within('[' + std::to_string(i) + ']');
-            throw problem;
+            throw json::Problem{child.position, refusal.first + ": " + refusal.second};
         }
-    }
+    });
 }
 
 void fromJson(const json::Node& node, State& state) {
     state.objects.clear();
-    check(state.objects, insert(state.objects, node));
+    check(state.objects, node, insert(state.objects, node));
 }
 
 /// False if an object is gone, since others may refer to it.
 bool replaceElements(State& state, const json::Node& before, const json::Node& now) {
-    Objects gone;
-    insert(gone, before);
-    for (const auto& [key, object] : gone) state.objects.erase(key);
-    check(state.objects, insert(state.objects, now));
-    return std::all_of(
-        gone.begin(), gone.end(), [&](const auto& entry) { return state.objects.contains(entry.first); });
+    Objects replaced;
+    insert(replaced, before);
+    for (const auto& [key, object] : replaced) state.objects.erase(key);
+    check(state.objects, now, insert(state.objects, now));
+    const auto isThere = [&](const auto& entry) { return state.objects.contains(entry.first); };
+    return std::all_of(replaced.begin(), replaced.end(), isThere);
 }
 
 void toJson(json::Text& out, State& state) {

