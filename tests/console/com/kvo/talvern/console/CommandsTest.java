@@ -105,16 +105,15 @@ public class CommandsTest {
     public void refusalsGiveOneLine() {
         String[] commands = {"net name not~a~host", "net dns bogus", "net interface eth9", "net status eth9",
             "net set eth9 mtu=1500", "net clear eth9", "net vip add eth9 10.0.9.1", "net vip remove lo 10.0.9.1",
-            "net hosts set bogus name", "net hosts delete 10.9.9.9",
-            "net resolve nowhere.invalid", "net ping nowhere.invalid", "net connect localhost 1",
-            "config get Bogus main", "config create EthernetInterface eth0 address=10.0.0.1",
-            "config delete LogTarget bogus", "config list Bogus", "config types Bogus", "config enable LogTarget bogus",
-            "users key delete admin", "users key add admin bogus key", "capture start eth9 file",
-            "capture start eth0 file --max-seconds -1", "capture stop eth0", "capture remove eth0", "firmware rollback",
-            "firmware delete-previous", "firmware reflash bogus --yes", "services test start bogus 5",
-            "services test stop database", "device locale xx_XX", "device timezone Mars", "device reset --yes",
-            "call ApplianceUtils.triggerException two\nlines", "call NodeName.setNodeName null",
-            "call Value.asXML null"};
+            "net hosts set bogus name", "net hosts delete 10.9.9.9", "net resolve nowhere.invalid",
+            "net ping nowhere.invalid", "net connect localhost 1", "config get Bogus main",
+            "config create EthernetInterface eth0 address=10.0.0.1", "config delete LogTarget bogus", "config list Bogus",
+            "config types Bogus", "config enable LogTarget bogus", "users key delete admin",
+            "users key add admin bogus key", "capture start eth9 file", "capture start eth0 file --max-seconds -1",
+            "capture stop eth0", "capture remove eth0", "firmware rollback", "firmware delete-previous",
+            "firmware reflash bogus --yes", "services test start bogus 5", "services test stop database",
+            "device locale xx_XX", "device timezone Mars", "device reset --yes",
+            "call ApplianceUtils.triggerException two\nlines", "call NodeName.setNodeName null", "call Value.asXML null"};
         for (String command : commands) {
             assertFails(command, ExitCode.REFUSED);
         }
@@ -172,9 +171,8 @@ public class CommandsTest {
             "net interfaces = interfaces", "net status agg0 = name kind enabled up details", "net hosts list = hosts",
             "net ready = networkReady meaning", "net resolve localhost = address", "users list = users",
             "capture list = captures", "capture info eth0 = interfaceName state files",
-            "firmware info = releaseKeyed components",
-            "services ready = services", "device timezone = timeZone timeZones", "device locale = locale",
-            "net clear eth1 = done", "net sync ntp = done", "services snmp restart = done",
+            "firmware info = releaseKeyed components", "services ready = services", "device timezone = timeZone timeZones",
+            "device locale = locale", "net clear eth1 = done", "net sync ntp = done", "services snmp restart = done",
             "services test perform network = done", "capture start eth0 file = done", "device led on = done",
             "device reboot --yes = done", "firmware reflash " + IMAGE + " --yes = done"};
         for (String command : commands) {
