@@ -74,13 +74,12 @@ public class CommandsTest {
             "config create LogTarget main {", "config validate LogTarget {\"a\":1}2",
             "config validate LogTarget {\"a\":1,\"a\":2}", "config validate LogTarget " + "[".repeat(2000),
             "net connect localhost port", "users add bob " + SECRET, "users ad bob " + SECRET,
-            "users add bob --password=" + SECRET, "firmware reflash " + IMAGE, "device led maybe",
-            "call NodeName.bogus", "call Bogus", "call .", "call NodeName.getNodeName a", "call NodeName a",
-            "call UserUtils.addUser bob " + SECRET, "call ProcessManagerUtils.setPlatformLogLevel LOUD",
-            "call ApplianceUtils.tcpConnect localhost 99999999999", "call HardwareStatusUtils.setLocateLED maybe",
-            "call ApplianceUtils.deviceRESET -1", "call ApplianceUtils.deviceRESET 1", "call Value.asXML {",
-            "simulate slow nodeName::get 3600001", "simulate fail nodeName::get --times 0",
-            "run /nowhere", "completion bogus"};
+            "users add bob --password=" + SECRET, "firmware reflash " + IMAGE, "device led maybe", "call NodeName.bogus",
+            "call Bogus", "call .", "call NodeName.getNodeName a", "call NodeName a", "call UserUtils.addUser bob " + SECRET,
+            "call ProcessManagerUtils.setPlatformLogLevel LOUD", "call ApplianceUtils.tcpConnect localhost 99999999999",
+            "call HardwareStatusUtils.setLocateLED maybe", "call ApplianceUtils.deviceRESET -1",
+            "call ApplianceUtils.deviceRESET 1", "call Value.asXML {", "simulate slow nodeName::get 3600001",
+            "simulate fail nodeName::get --times 0", "run /nowhere", "completion bogus"};
         for (String command : commands) {
             assertFails(command, ExitCode.USAGE);
             assertEquals(command, "", out.toString());
