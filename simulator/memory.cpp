@@ -1,6 +1,7 @@
 #include "memory.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -42,8 +43,7 @@ bool hasLineStarts(const json::Node& list, std::string_view text) {
 }
 
 /// Reads those elements of a list that differ from what is known of it. False if that is not possible.
-bool loadChangedElements(Section& section, std::string_view now) {
-    const std::string_view before = section.text;
+bool loadChangedElements(Section& section, std::string_view before, std::string_view now) {
     const auto front = std::mismatch(before.begin(), before.end(), now.begin(), now.end()).first - before.begin();
     const auto back =
         std::mismatch(before.rbegin(), before.rend() - front, now.rbegin(), now.rend() - front).first - before.rbegin();
@@ -70,13 +70,14 @@ bool loadChangedParts(const std::string& text) {
         for (std::size_t i = 0; i < parts.size(); ++i) {
             Section& section = *sections()[i];
             if (section.text == parts[i]) continue;
-            if (!loadChangedElements(section, parts[i])) {
-                section.text.clear();
+            std::string known = std::exchange(section.text, {});  // until it has been read, nothing is known of it
+            if (!loadChangedElements(section, known, parts[i])) {
                 const json::Document document{parts[i]};
                 section.readFrom(document.root());
                 section.hasLineStarts = hasLineStarts(document.root(), parts[i]);
             }
-            section.text = parts[i];
+            known = parts[i];
+            section.text = std::move(known);
         }
         return true;
     } catch (const json::Problem&) {

@@ -24,7 +24,8 @@ class Section {
     virtual void readFrom(const json::Node& node) = 0;
     virtual void writeTo(json::Text& out) = 0;
 
-    /// Puts elements of its list in the place of others. False, or a json::Problem, if it has to be read anew.
+    /// Puts elements of its list in the place of others, if its state has a `replaceElements`. False, or a
+    /// json::Problem, if all of it has to be read anew.
     virtual bool readElements(const json::Node& before, const json::Node& now) = 0;
 
     const std::string name;
